@@ -1,0 +1,120 @@
+// What the catalogue makes of a file that opens but cannot be read to its end. The linker sends
+// every call of read(2) to the function here, which can fail it.
+#include "kvparser.h"
+
+#include "Support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string>
+
+#include <unistd.h>
+
+using namespace VXLOCAL;
+
+namespace {
+
+/// How the next calls of read(2) go.
+struct Fault {
+    bool active = false;
+    /// At most so many bytes per call.
+    std::size_t chunk = 0;
+    /// So many bytes are read before the error comes.
+    std::size_t bytes = 0;
+    int error = 0;
+    /// Whether the error comes once, and reading goes on behind it.
+    bool once = false;
+};
+
+Fault fault;
+
+} // namespace
+
+extern "C" ssize_t __real_read(int descriptor, void* buffer, size_t size);
+extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size);
+
+extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size) {
+    if (!fault.active) {
+        return __real_read(descriptor, buffer, size);
+    }
+    if (fault.bytes == 0 && fault.error != 0) {
+        errno = fault.error;
+        if (fault.once) {
+            fault.error = 0;
+        }
+        return -1;
+    }
+    size = std::min(size, fault.chunk);
+    if (fault.error != 0) {
+        size = std::min(size, fault.bytes);
+    }
+    const ssize_t count = __real_read(descriptor, buffer, size);
+    if (count > 0 && fault.error != 0) {
+        fault.bytes -= static_cast<std::size_t>(count);
+    }
+    return count;
+}
+
+namespace {
+
+constexpr const char* first = "\"Close\" = \"Beenden\"\n";
+constexpr const char* second = "\"Install\" = \"Installieren\"\n";
+
+class KVParserReadTest : public testing::Test {
+protected:
+    KVParserReadTest() {
+        parser_.setLocaleDir(folder_.path().string());
+        folder_.write("Localizable.strings", std::string(first) + second);
+    }
+
+    void parse(const Fault& given) {
+        fault = given;
+        fault.active = true;
+        EXPECT_NO_THROW(parser_.parse());
+        fault = {};
+    }
+
+    TestSupport::TemporaryFolder folder_;
+    KVParser parser_{"Localizable.strings"};
+};
+
+} // namespace
+
+TEST_F(KVParserReadTest, errorInMidFileKeepsTheEntriesReadSoFar) {
+    const std::size_t complete = std::string(first).size();
+    for (const std::size_t bytes : {complete, complete + 1, complete + 23}) {
+        parse({.chunk = 7, .bytes = bytes, .error = EIO});
+        EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
+        EXPECT_EQ(parser_.getMessage("Install"), "Install");
+    }
+}
+
+TEST_F(KVParserReadTest, errorInTheFirstLineLeavesNoEntry) {
+    parse({.chunk = 4096, .bytes = 17, .error = EIO});
+    EXPECT_EQ(parser_.getMessage("Close"), "Close");
+}
+
+TEST_F(KVParserReadTest, errorKeepsWhatTheTableHeldBefore) {
+    parse({.chunk = 4096});
+    parse({.chunk = 4096, .bytes = 0, .error = EIO});
+    EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
+}
+
+TEST_F(KVParserReadTest, interruptedReadIsTriedAgain) {
+    parse({.chunk = 5, .bytes = 10, .error = EINTR, .once = true});
+    EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
+    EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
+}
+
+TEST_F(KVParserReadTest, fileIsReadInPiecesOfAnySize) {
+    for (std::size_t chunk = 1; chunk < 50; ++chunk) {
+        KVParser parser("Localizable.strings");
+        parser.setLocaleDir(folder_.path().string());
+        fault = {.active = true, .chunk = chunk};
+        parser.parse();
+        fault = {};
+        EXPECT_EQ(parser.getMessage("Install"), "Installieren") << chunk;
+    }
+}

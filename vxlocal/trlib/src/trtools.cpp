@@ -1,0 +1,143 @@
+#include "trtools.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <iostream>
+
+#include <sys/stat.h>
+
+namespace VXLOCAL::TRTools {
+
+namespace {
+
+constexpr std::string_view whitespaceCharacters = " \t\n\r\f\v";
+constexpr mode_t directoryBit = 0x4000;
+
+/// By byte: the letter that follows the backslash in its escaped form, or 0 for a byte that stays.
+constexpr std::array<char, 256> escapeLetters = [] {
+    std::array<char, 256> letters = {};
+    letters['\a'] = 'a';
+    letters['\b'] = 'b';
+    letters['\t'] = 't';
+    letters['\n'] = 'n';
+    letters['\v'] = 'v';
+    letters['\f'] = 'f';
+    letters['\r'] = 'r';
+    letters['"'] = '"';
+    letters['\\'] = '\\';
+    return letters;
+}();
+
+constexpr char escapeLetter(char byte) {
+    return escapeLetters[static_cast<unsigned char>(byte)];
+}
+
+/// What a backslash and this letter stand for.
+constexpr char unescapedByte(char letter) {
+    switch (letter) {
+    case 'a':
+        return '\a';
+    case 'b':
+        return '\b';
+    case 'f':
+        return '\f';
+    case 'n':
+        return '\n';
+    case 'r':
+        return '\r';
+    case 't':
+        return '\t';
+    case 'v':
+        return 'v';
+    default:
+        return '\\';
+    }
+}
+
+} // namespace
+
+std::vector<std::string> split(const std::string& text, const std::string& separator) {
+    assert(!separator.empty());
+    std::vector<std::string> pieces;
+    std::size_t start = 0;
+    for (std::size_t end = text.find(separator); end != std::string::npos;
+         end = text.find(separator, start)) {
+        pieces.emplace_back(text, start, end - start);
+        start = end + separator.size();
+    }
+    if (start < text.size()) {
+        pieces.emplace_back(text, start);
+    }
+    return pieces;
+}
+
+std::string trim(const std::string& text, const std::string& characters, bool whitespace) {
+    std::string removed(whitespace ? whitespaceCharacters : std::string_view());
+    removed += characters;
+    const std::size_t first = text.find_first_not_of(removed);
+    if (first == std::string::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(removed) - first + 1);
+}
+
+std::string escape(const std::string& text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char byte : text) {
+        const char letter = escapeLetter(byte);
+        if (letter == 0) {
+            escaped += byte;
+        } else {
+            escaped += '\\';
+            escaped += letter;
+        }
+    }
+    return escaped;
+}
+
+bool needsEscape(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char byte) { return escapeLetter(byte) != 0; });
+}
+
+std::string unescape(const std::string& text) {
+    std::string plain;
+    plain.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 1 < text.size()) {
+            plain += unescapedByte(text[++i]);
+        } else {
+            plain += text[i];
+        }
+    }
+    return plain;
+}
+
+std::string localeCountry(const std::string& locale) {
+    const std::vector<std::string> pieces = split(locale, "_");
+    return pieces.empty() ? locale : pieces.front();
+}
+
+bool localeHasRegion(const std::string& locale) {
+    return split(locale, "_").size() > 1;
+}
+
+bool pathExists(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0;
+}
+
+bool dirExists(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && (status.st_mode & directoryBit) != 0;
+}
+
+void printBytes(const std::string& text) {
+    std::cout << "Printing bytes of: " << text << std::endl;
+    for (const char byte : text) {
+        std::cout << std::hex << byte << std::endl;
+    }
+}
+
+} // namespace VXLOCAL::TRTools

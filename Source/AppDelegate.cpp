@@ -1,0 +1,19 @@
+#include "AppDelegate.h"
+
+namespace Vexora {
+
+void AppDelegate::applicationDidFinishLaunching() {
+    Application& application = platform_.application;
+    application.activateIgnoringOtherApps();
+    const auto windows = application.windows();
+    if (!windows.empty()) {
+        windows.front()->center();
+    }
+    application.onWindowWillClose([this] { onWindowClose(); });
+}
+
+void AppDelegate::onWindowClose() {
+    platform_.application.exit(0);
+}
+
+} // namespace Vexora

@@ -1,0 +1,83 @@
+#include "Core/InstallRun.h"
+
+#include <exception>
+
+namespace Vexora {
+
+std::vector<std::string> installArguments(const std::string& resourcePath) {
+    return {resourcePath + "/install", "&;", "wait $!"};
+}
+
+std::string administratorScriptSource(const std::string& resourcePath) {
+    std::string command;
+    for (const char character : resourcePath + "/install") {
+        if (character == ' ') {
+            command += R"(\\)";
+        }
+        command += character;
+    }
+    command += " true";
+    return "do shell script \"" + command + "\" with administrator privileges";
+}
+
+InstallRun::InstallRun(Platform& platform, ProgressModel& model, const ProgressIndicator& bar,
+                       std::string logFilePath, std::function<void(std::int32_t)> reportFailure)
+    : platform_(platform), model_(model), bar_(bar), logFilePath_(std::move(logFilePath)),
+      reportFailure_(std::move(reportFailure)) {}
+
+void InstallRun::startInstall() {
+    const std::unique_ptr<Process> process = launch();
+    while (process->isRunning()) {
+        model_.poll(bar_.doubleValue());
+        platform_.clock.sleep(1);
+    }
+    decide(process->terminationStatus());
+}
+
+std::unique_ptr<Process> InstallRun::launch() {
+    if (!platform_.files.fileExistsAtPath(logFilePath_)) {
+        platform_.files.createFileAtPath(logFilePath_);
+    }
+    // The handle stays at offset 0, so the output replaces earlier lines from the first byte on.
+    auto output = platform_.files.fileHandleForUpdatingAtPath(logFilePath_);
+    if (!output) {
+        platform_.systemLog.log("Failed to open install log: " + logFilePath_);
+        output = platform_.files.fileHandleForUpdatingAtPath("/dev/null");
+    }
+    const auto arguments = installArguments(platform_.environment.resourcePath());
+    try {
+        return platform_.processes.launch(nohupPath, arguments, output.get());
+    } catch (const std::exception& error) {
+        platform_.systemLog.log(std::string("Failed to launch ") + nohupPath + ": " + error.what());
+        throw;
+    }
+}
+
+void InstallRun::decide(std::int32_t status) {
+    if (status == 0) {
+        model_.finish();
+    } else if (status != 1) {
+        post(status);
+    } else {
+        model_.freeze();
+        if (runElevated()) {
+            model_.finish();
+        } else {
+            post(1);
+        }
+    }
+}
+
+void InstallRun::post(std::int32_t status) {
+    platform_.mainQueue.async([report = reportFailure_, status] { report(status); });
+}
+
+bool InstallRun::runElevated() {
+    const std::string source = administratorScriptSource(platform_.environment.resourcePath());
+    const bool succeeded = platform_.administratorScript.execute(source);
+    platform_.systemLog.log(succeeded ? "Upgrade system-wide successfully"
+                                      : "Upgrade system-wide failed");
+    return succeeded;
+}
+
+} // namespace Vexora

@@ -1,0 +1,28 @@
+// Chooses the language of the user interface from the current locale and loads its strings file.
+// Main thread, before any text is translated.
+#pragma once
+
+#include "Platform/Services.h"
+
+#include <functional>
+#include <string>
+
+namespace Vexora {
+
+/// The name of every language's strings file.
+inline constexpr const char* stringsFileName = "Localizable.strings";
+
+/// The two-letter language code: the identifier in lower case, cut to its first two bytes.
+/// An identifier shorter than that is taken whole.
+std::string languageCode(const std::string& localeIdentifier);
+
+/// The folder of a language's strings file. Whether it exists is not asked.
+std::string localeDirectory(const std::string& resourcePath, const std::string& language);
+
+/// Hands the translator the catalogue of the current locale's language. When it cannot be loaded,
+/// the texts stay English and `log` gets the reason. \return whether the catalogue was loaded.
+/// \throws only what is not a standard exception.
+bool initializeTranslator(Environment& environment,
+                          const std::function<void(const std::string&)>& log);
+
+} // namespace Vexora

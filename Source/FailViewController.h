@@ -1,0 +1,43 @@
+// The failure screen: why the installation did not succeed, or that nothing had to be done, and
+// where the log is. It stays until the window closes.
+#pragma once
+
+#include "BaseViewController.h"
+
+#include <cstdint>
+
+namespace Vexora {
+
+class FailViewController : public BaseViewController {
+public:
+    explicit FailViewController(Platform& platform)
+        : BaseViewController(platform, "FailViewController") {}
+
+    void viewDidLoad() override;
+
+    /// Shows the message for an exit status, followed by the link to the log.
+    void updateFailViewStatus(std::int32_t status);
+
+    void retranslate();
+
+    /// Reveals the log file in the file viewer.
+    void openLogs();
+
+    /// Opens the troubleshooting page in the browser.
+    void openTroubleshoot();
+
+    std::shared_ptr<ImageView> closeIcon() const { return outlet<ImageView>("closeIcon"); }
+    std::shared_ptr<TextField> failLabel() const { return outlet<TextField>("failLabel"); }
+    std::shared_ptr<TextField> logLabel() const { return outlet<TextField>("logLabel"); }
+    const std::string& error() const { return error_; }
+    const StyledText& open_logs() const { return open_logs_; }
+
+protected:
+    void performAction(const std::string& action) override;
+
+private:
+    std::string error_;
+    StyledText open_logs_;
+};
+
+} // namespace Vexora

@@ -1,0 +1,66 @@
+// The install screen: it owns the install run and the progress model, and loading its view starts
+// both. It ends on the success text, or under the failure screen.
+#pragma once
+
+#include "BaseViewController.h"
+#include "Core/ProgressModel.h"
+
+#include <cstdint>
+
+namespace Vexora {
+
+class InstallViewController : public BaseViewController {
+public:
+    explicit InstallViewController(Platform& platform)
+        : BaseViewController(platform, "InstallViewController") {}
+
+    /// Sets the progress model up, posts the first tick and the install run, and sets the texts.
+    void viewDidLoad() override;
+    void retranslate();
+
+    /// One tick of the bar: raises it, then schedules the next tick, or the success text once it is
+    /// full.
+    void incrementProgressBar();
+
+    /// Runs the installation to its outcome; see InstallRun::startInstall. On the background queue,
+    /// once.
+    void startInstall();
+
+    /// Shows the success text.
+    void switchToSuccessView();
+
+    /// Shows the failure screen for a status over this one. The ticks go on.
+    void switchToFailView(std::int32_t status);
+
+    /// Ends the process with status 0, after starting `unmount` when the installation succeeded.
+    void closeAction();
+
+    std::shared_ptr<TextField> installLabel() const { return outlet<TextField>("installLabel"); }
+    std::shared_ptr<ProgressIndicator> installProgress() const { return installProgress_; }
+    std::shared_ptr<Button> closeButton() const { return outlet<Button>("closeButton"); }
+    BackgroundQueue* queue() const { return queue_; }
+
+    // The progress model; whole-value reads and writes from any thread.
+    double base() const { return model_.base; }
+    void setBase(double value) { model_.base = value; }
+    double exponent() const { return model_.exponent; }
+    void setExponent(double value) { model_.exponent = value; }
+    double increment() const { return model_.increment; }
+    void setIncrement(double value) { model_.increment = value; }
+    bool successfulInstall() const { return model_.successfulInstall; }
+    void setSuccessfulInstall(bool value) { model_.successfulInstall = value; }
+
+protected:
+    void performAction(const std::string& action) override;
+
+private:
+    /// This controller as a shared pointer, for the blocks that it posts.
+    std::shared_ptr<InstallViewController> shared();
+
+    ProgressModel model_;
+    /// Kept beside the outlets because the install run reads its value from the background thread.
+    std::shared_ptr<ProgressIndicator> installProgress_ = std::make_shared<ProgressIndicator>();
+    BackgroundQueue* queue_ = nullptr;
+};
+
+} // namespace Vexora

@@ -1,0 +1,54 @@
+// Files as the application needs them. Paths are UTF-8 byte strings and are never normalised.
+// Any thread; failures are told by what is returned, nothing throws but a lack of memory.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Vexora {
+
+/// An open file; closed with the object.
+class FileHandle {
+public:
+    virtual ~FileHandle() = default;
+
+    /// Moves to the end of the file as it is now.
+    virtual void seekToEndOfFile() = 0;
+
+    /// Writes the bytes at the current position; errors are not reported.
+    virtual void writeData(const std::string& bytes) = 0;
+
+    /// The system's descriptor of the file, which the handle keeps owning.
+    virtual int fileDescriptor() const = 0;
+};
+
+/// The file system.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// Whether anything, a folder included, exists at the path.
+    virtual bool fileExistsAtPath(const std::string& path) = 0;
+
+    /// Creates the folder with all missing folders above it. Returns the reason when that failed.
+    virtual std::optional<std::string> createDirectoryAtPath(const std::string& path) = 0;
+
+    /// Creates an empty file with default attributes, or empties one that exists. Returns whether
+    /// that worked.
+    virtual bool createFileAtPath(const std::string& path) = 0;
+
+    /// Opens an existing file for writing at offset 0 without truncation; null when it cannot be
+    /// opened.
+    virtual std::unique_ptr<FileHandle> fileHandleForWritingAtPath(const std::string& path) = 0;
+
+    /// Opens an existing file for reading and writing at offset 0 without truncation; null when it
+    /// cannot be opened.
+    virtual std::unique_ptr<FileHandle> fileHandleForUpdatingAtPath(const std::string& path) = 0;
+
+    /// The whole text of a UTF-16 file that begins with a byte-order mark, as UTF-8 without the
+    /// mark. Nothing when the file cannot be read, has no mark or is not valid UTF-16.
+    virtual std::optional<std::string> utf16TextOfFile(const std::string& path) = 0;
+};
+
+} // namespace Vexora

@@ -1,0 +1,38 @@
+#include "Platform/InterfaceController.h"
+
+namespace Vexora {
+
+InterfaceController::InterfaceController(Platform& platform, std::string interfaceName)
+    : platform_(platform), interfaceName_(std::move(interfaceName)) {}
+
+InterfaceController::~InterfaceController() {
+    for (const auto& child : children_) {
+        child->parent_ = nullptr;
+    }
+}
+
+const std::shared_ptr<View>& InterfaceController::view() {
+    if (!interface_) {
+        interface_ = platform_.interfaces.load(interfaceName_);
+        for (const auto& [action, control] : interface_->actions) {
+            control->onClick([this, name = action] { performAction(name); });
+        }
+        viewDidLoad();
+    }
+    return interface_->view;
+}
+
+void InterfaceController::addChildViewController(std::shared_ptr<InterfaceController> child) {
+    child->parent_ = this;
+    children_.push_back(std::move(child));
+}
+
+std::shared_ptr<View> InterfaceController::namedView(const std::string& name) const {
+    if (!interface_) {
+        return nullptr;
+    }
+    const auto found = interface_->outlets.find(name);
+    return found == interface_->outlets.end() ? nullptr : found->second;
+}
+
+} // namespace Vexora

@@ -1,0 +1,95 @@
+#include "Platform/Qt/Application.h"
+
+#include "Platform/Qt/Conversions.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace Vexora {
+
+void QtWindow::setContent(QWidget* content) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(content);
+    resize(content->size());
+    const auto widgets = content->findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
+        if (widget->property("initialFocus").toBool() && widget->isVisibleTo(content)) {
+            widget->setFocus();
+        }
+    }
+}
+
+void QtWindow::setTitle(const std::string& title) {
+    setWindowTitle(toQString(title));
+}
+
+void QtWindow::center() {
+    if (const QScreen* screen = this->screen()) {
+        QRect frame = frameGeometry();
+        frame.moveCenter(screen->availableGeometry().center());
+        move(frame.topLeft());
+    }
+}
+
+void QtWindow::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QPushButton* button = isReturn && !event->isAutoRepeat() ? buttonForReturn() : nullptr;
+    if (button != nullptr) {
+        button->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+QPushButton* QtWindow::buttonForReturn() const {
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) {
+        return focused;
+    }
+    const auto buttons = findChildren<QPushButton*>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+        return button->isDefault() && button->isVisible();
+    });
+    return found == buttons.end() ? nullptr : *found;
+}
+
+QtApplication::QtApplication() {
+    qApp->installEventFilter(this);
+}
+
+void QtApplication::activateIgnoringOtherApps() {
+    mainWindow_.raise();
+    mainWindow_.activateWindow();
+}
+
+void QtApplication::onWindowWillClose(std::function<void()> handler) {
+    closeHandler_ = std::move(handler);
+}
+
+void QtApplication::setLanguage(const std::string& languageCode) {
+    QGuiApplication::setLayoutDirection(QLocale(toQString(languageCode)).textDirection());
+}
+
+void QtApplication::exit(int status) {
+    std::exit(status);
+}
+
+bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close && closeHandler_) {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget != nullptr && widget->isWindow()) {
+            closeHandler_();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Vexora

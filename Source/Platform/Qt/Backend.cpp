@@ -1,0 +1,84 @@
+#include "Platform/Qt/Backend.h"
+
+#include "Platform/Posix/PosixEnvironment.h"
+#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/PosixQueues.h"
+#include "Platform/Posix/PosixSystemLog.h"
+#include "Platform/Qt/AdministratorScript.h"
+#include "Platform/Qt/Application.h"
+#include "Platform/Qt/Conversions.h"
+#include "Platform/Qt/InterfaceLoader.h"
+#include "Platform/Qt/MainQueue.h"
+#include "Platform/Qt/PaperStyle.h"
+#include "Platform/Qt/TextLabel.h"
+#include "Platform/Qt/Views.h"
+#include "Platform/Qt/Workspace.h"
+
+#include <QApplication>
+
+namespace Vexora {
+namespace {
+
+/// The desktop as the program shows itself on it.
+struct Desktop {
+    Desktop(int& argc, char** argv, const QString& resources) : toolkit(argc, argv) {
+        QApplication::setStyle(new PaperStyle);
+        QApplication::setPalette(PaperStyle::paperPalette());
+        QApplication::setDesktopFileName("vexora-one-click-installer");
+        QIcon icon;
+        for (const int size : {32, 64}) {
+            icon.addFile(resources + QString("/vexora-one-click-installer-%1.png").arg(size),
+                         QSize(size, size));
+        }
+        QApplication::setWindowIcon(icon);
+        loadFonts(resources + "/Fonts");
+        installTextLabelAccessibility();
+    }
+
+    QApplication toolkit;
+};
+
+} // namespace
+
+struct Backend::Parts {
+    Parts(int& argc, char** argv)
+        : desktop(argc, argv, toQString(environment.resourcePath())), interfaces(environment),
+          administratorScript(processes, files) {}
+
+    PosixEnvironment environment;
+    PosixFileSystem files;
+    PosixProcessLauncher processes;
+    PosixClock clock;
+    PosixBackgroundQueue backgroundQueue;
+    PosixSystemLog systemLog;
+    Desktop desktop;
+    QtApplication application;
+    QtInterfaceLoader interfaces;
+    QtMainQueue mainQueue;
+    QtWorkspace workspace;
+    PkexecScript administratorScript;
+    Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
+                      files,       processes,  environment, administratorScript, workspace,
+                      systemLog};
+};
+
+Backend::Backend(int& argc, char** argv) : parts_(std::make_unique<Parts>(argc, argv)) {}
+
+Backend::~Backend() = default;
+
+Platform& Backend::platform() {
+    return parts_->platform;
+}
+
+int Backend::run(View& content, const std::function<void()>& didFinishLaunching) {
+    QtWindow& window = parts_->application.mainWindow();
+    if (const auto* root = dynamic_cast<WidgetOwner*>(&content)) {
+        window.setContent(root->widget());
+    }
+    window.show();
+    didFinishLaunching();
+    return QApplication::exec();
+}
+
+} // namespace Vexora

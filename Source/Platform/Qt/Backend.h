@@ -1,0 +1,30 @@
+// Everything the application runs on, made for the Qt desktop.
+// Created first and on the main thread; it lives as long as the process.
+#pragma once
+
+#include "Platform/Platform.h"
+
+#include <functional>
+#include <memory>
+
+namespace Vexora {
+
+class Backend {
+public:
+    /// Connects to the desktop. Without one the process ends with the toolkit's message.
+    Backend(int& argc, char** argv);
+    ~Backend();
+
+    Platform& platform();
+
+    /// Shows the main window with that content and runs the event loop.
+    /// \param didFinishLaunching called once, right after the window has been shown.
+    /// \return the event loop's status.
+    int run(View& content, const std::function<void()>& didFinishLaunching);
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+} // namespace Vexora

@@ -1,0 +1,21 @@
+// The colours of the window, the same on every desktop and in every theme: ink on light paper.
+// Every text colour keeps a contrast of at least 4.5:1 to what lies under it.
+#pragma once
+
+#include <QColor>
+
+namespace Vexora::Palette {
+
+inline const QColor paper(0xfa, 0xf9, 0xf6);
+inline const QColor sheet(0xff, 0xff, 0xff);
+inline const QColor ink(0x1f, 0x2a, 0x37);
+inline const QColor inkOnBlue(0xff, 0xff, 0xff);
+inline const QColor blue(0x3d, 0x70, 0xb3);
+inline const QColor blueHover(0x34, 0x64, 0xa3);
+inline const QColor bluePressed(0x2a, 0x54, 0x8c);
+inline const QColor sheetHover(0xf1, 0xf4, 0xf8);
+inline const QColor sheetPressed(0xe3, 0xe9, 0xf1);
+inline const QColor outline(0x8a, 0x95, 0xa3);
+inline const QColor track(0xdd, 0xe3, 0xea);
+
+} // namespace Vexora::Palette

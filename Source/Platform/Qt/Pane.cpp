@@ -1,0 +1,174 @@
+#include "Platform/Qt/Pane.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace Vexora {
+
+Pane::Pane(QWidget* parent) : QWidget(parent) {}
+
+void Pane::addPane(Pane* pane, bool below) {
+    if (pane->isOpaque()) {
+        focusBeforeCover_ = window()->focusWidget();
+    }
+    pane->setParent(this);
+    panes_.append(pane);
+    if (below) {
+        pane->lower();
+    } else {
+        pane->raise();
+    }
+    arrange();
+    pane->show();
+    QWidget* focus = pane->initialFocus();
+    (focus != nullptr ? focus : pane)->setFocus(Qt::OtherFocusReason);
+}
+
+void Pane::removePane(Pane* pane) {
+    const bool wasOpaque = pane->isOpaque();
+    panes_.removeAll(pane);
+    pane->hide();
+    pane->setParent(nullptr);
+    arrange();
+    if (wasOpaque) {
+        // What was covered is shown again only after this call.
+        QTimer::singleShot(0, this, &Pane::restoreFocus);
+    }
+}
+
+void Pane::restoreFocus() {
+    if (focusBeforeCover_ != nullptr && focusBeforeCover_->isVisible()) {
+        focusBeforeCover_->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    for (auto pane = panes_.crbegin(); pane != panes_.crend(); ++pane) {
+        QWidget* focus = (*pane)->isVisible() ? (*pane)->initialFocus() : nullptr;
+        if (focus != nullptr) {
+            focus->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
+QWidget* Pane::initialFocus() const {
+    const auto widgets = findChildren<QWidget*>();
+    const auto found = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+        return widget->property("initialFocus").toBool();
+    });
+    return found == widgets.end() ? nullptr : *found;
+}
+
+Pane* Pane::contentArea() const {
+    const QString name = property("contentArea").toString();
+    return name.isEmpty() ? nullptr : findChild<Pane*>(name, Qt::FindDirectChildrenOnly);
+}
+
+QSize Pane::neededBy(const Pane& pane) const {
+    QSize needed = pane.minimumSizeHint();
+    if (const QLayout* layout = pane.layout()) {
+        needed = layout->totalMinimumSize();
+        const int width = qMax(needed.width(), pane.width());
+        if (layout->hasHeightForWidth()) {
+            needed.setHeight(layout->totalMinimumHeightForWidth(width));
+        }
+    }
+    return needed;
+}
+
+QSize Pane::minimumSizeHint() const {
+    QSize needed = QWidget::minimumSizeHint().expandedTo(reserved_);
+    for (const auto& pane : panes_) {
+        if (contentArea() == nullptr || pane->isOpaque()) {
+            needed = needed.expandedTo(neededBy(*pane));
+        }
+    }
+    return needed;
+}
+
+void Pane::arrange() {
+    Pane* area = contentArea();
+    QSize reserved;
+    for (const auto& pane : panes_) {
+        const bool everything = area == nullptr || pane->isOpaque();
+        pane->setGeometry(everything ? rect() : area->geometry());
+        if (!everything) {
+            reserved = reserved.expandedTo(neededBy(*pane));
+        }
+    }
+    if (area != nullptr && area->reserved_ != reserved) {
+        area->reserved_ = reserved;
+        area->updateGeometry();
+    }
+    updateGeometry();
+    updateMask();
+}
+
+QRegion Pane::shownRegion() const {
+    QRegion region;
+    for (const QObject* object : children()) {
+        const auto* child = qobject_cast<const QWidget*>(object);
+        if (child == nullptr || child->isHidden()) {
+            continue;
+        }
+        const auto* pane = qobject_cast<const Pane*>(child);
+        if (pane != nullptr && !pane->isOpaque()) {
+            region += pane->shownRegion().translated(pane->pos());
+        } else {
+            region += child->geometry();
+        }
+    }
+    return region;
+}
+
+void Pane::updateMask() {
+    if (isOpaque() || parentWidget() == nullptr) {
+        return;
+    }
+    const QRegion region = shownRegion();
+    // An empty mask would mean no mask at all.
+    setMask(region.isEmpty() ? QRegion(-1, -1, 1, 1) : region);
+}
+
+bool Pane::event(QEvent* event) {
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::LayoutDirectionChange) {
+        arrange();
+        if (isVisible()) {
+            orderFocusByReading(*window());
+        }
+    }
+    return handled;
+}
+
+void Pane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+void orderFocusByReading(QWidget& window) {
+    struct Place {
+        int row;
+        int column;
+        QWidget* widget;
+    };
+    QList<Place> places;
+    const auto widgets = window.findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
+        if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            const QPoint center = widget->mapTo(&window, widget->rect().center());
+            const bool mirrored = window.layoutDirection() == Qt::RightToLeft;
+            places.append({center.y(), mirrored ? -center.x() : center.x(), widget});
+        }
+    }
+    std::sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
+        return left.row != right.row ? left.row < right.row : left.column < right.column;
+    });
+    for (qsizetype index = 1; index < places.size(); ++index) {
+        QWidget::setTabOrder(places[index - 1].widget, places[index].widget);
+    }
+}
+
+} // namespace Vexora

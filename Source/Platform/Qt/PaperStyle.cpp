@@ -1,0 +1,168 @@
+#include "Platform/Qt/PaperStyle.h"
+
+#include "Platform/Qt/Palette.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOption>
+#include <QWidget>
+
+namespace Vexora {
+namespace {
+
+/// The room that a focus ring takes on each side of a button, in pixels.
+constexpr qreal ringRoom = 3.0;
+constexpr qreal cornerRadius = 7.0;
+
+bool isHelpButton(const QWidget* widget) {
+    return widget != nullptr && widget->property("help").toBool();
+}
+
+bool showsFocus(const QStyleOption& option) {
+    return option.state.testFlag(QStyle::State_HasFocus) &&
+           option.state.testFlag(QStyle::State_KeyboardFocusChange);
+}
+
+QColor buttonFill(const QStyleOptionButton& option) {
+    const bool primary = option.features.testFlag(QStyleOptionButton::DefaultButton);
+    if (option.state.testFlag(QStyle::State_Sunken)) {
+        return primary ? Palette::bluePressed : Palette::sheetPressed;
+    }
+    if (option.state.testFlag(QStyle::State_MouseOver)) {
+        return primary ? Palette::blueHover : Palette::sheetHover;
+    }
+    return primary ? Palette::blue : Palette::sheet;
+}
+
+void drawButton(const QStyleOptionButton& option, QPainter& painter, bool round) {
+    const bool primary = option.features.testFlag(QStyleOptionButton::DefaultButton);
+    QRectF body = QRectF(option.rect).adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
+    qreal radius = cornerRadius;
+    if (round) {
+        const qreal side = qMin(body.width(), body.height());
+        body = QRectF(body.center() - QPointF(side, side) / 2, QSizeF(side, side));
+        radius = side / 2;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(buttonFill(option));
+    painter.setPen(primary ? QPen(Qt::NoPen) : QPen(Palette::outline, 1.0));
+    const QRectF edge = primary ? body : body.adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(edge, radius, radius);
+    if (showsFocus(option)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(Palette::blue, 2.0));
+        painter.drawRoundedRect(body.adjusted(-2.0, -2.0, 2.0, 2.0), radius + 2.0, radius + 2.0);
+    }
+    painter.restore();
+}
+
+void drawHelpMark(const QStyleOptionButton& option, QPainter& painter) {
+    painter.save();
+    QFont font = painter.font();
+    font.setWeight(QFont::DemiBold);
+    painter.setFont(font);
+    painter.setPen(Palette::blue);
+    const bool mirrored = option.direction == Qt::RightToLeft;
+    painter.drawText(option.rect, Qt::AlignCenter, mirrored ? QString(QChar(0x061f)) : "?");
+    painter.restore();
+}
+
+void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
+    const QRectF track(option.rect);
+    const qreal radius = track.height() / 2;
+    const qreal range = qMax(1, option.maximum - option.minimum);
+    const qreal part = qBound(0.0, (option.progress - option.minimum) / range, 1.0);
+    QRectF filled = track;
+    filled.setWidth(track.width() * part);
+    if (option.direction == Qt::RightToLeft) {
+        filled.moveRight(track.right());
+    }
+    QPainterPath outline;
+    outline.addRoundedRect(track, radius, radius);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outline, Palette::track);
+    painter.setClipPath(outline);
+    QPainterPath bar;
+    bar.addRoundedRect(filled, radius, radius);
+    painter.fillPath(bar, Palette::blue);
+    painter.restore();
+}
+
+} // namespace
+
+PaperStyle::PaperStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+QPalette PaperStyle::paperPalette() {
+    QPalette palette(Palette::ink, Palette::sheet, Palette::sheet, Palette::outline,
+                     Palette::outline, Palette::ink, Palette::sheet, Palette::sheet,
+                     Palette::paper);
+    palette.setColor(QPalette::Highlight, Palette::blue);
+    palette.setColor(QPalette::HighlightedText, Palette::inkOnBlue);
+    palette.setColor(QPalette::Link, Palette::blue);
+    return palette;
+}
+
+void PaperStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+        if (element == CE_PushButtonBevel) {
+            drawButton(*button, *painter, isHelpButton(widget));
+            return;
+        }
+        if (element == CE_PushButtonLabel && isHelpButton(widget)) {
+            drawHelpMark(*button, *painter);
+            return;
+        }
+        if (element == CE_PushButtonLabel &&
+            button->features.testFlag(QStyleOptionButton::DefaultButton)) {
+            QStyleOptionButton onBlue(*button);
+            onBlue.palette.setColor(QPalette::ButtonText, Palette::inkOnBlue);
+            QProxyStyle::drawControl(element, &onBlue, painter, widget);
+            return;
+        }
+    }
+    if (element == CE_ProgressBar) {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
+            drawProgressBar(*bar, *painter);
+            return;
+        }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void PaperStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+    if (element == PE_FrameFocusRect) {
+        // Buttons and links draw their own ring.
+        return;
+    }
+    if (element == PE_Frame) {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(showsFocus(*option) ? Palette::blue : Palette::outline, 1.0));
+        painter->setBrush(Palette::sheet);
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 4.0, 4.0);
+        painter->restore();
+        return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+int PaperStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+    switch (metric) {
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+        return 0;
+    case PM_ButtonMargin:
+        return 24;
+    case PM_DefaultFrameWidth:
+        return 2;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+} // namespace Vexora

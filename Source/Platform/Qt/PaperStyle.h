@@ -1,0 +1,26 @@
+// How buttons, the progress bar and the licence's frame look, independent of the desktop's theme.
+// Draws over Fusion, which supplies everything that is not drawn here.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace Vexora {
+
+class PaperStyle : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    PaperStyle();
+
+    /// The light palette that belongs to the style.
+    static QPalette paperPalette();
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
+};
+
+} // namespace Vexora

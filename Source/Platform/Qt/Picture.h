@@ -1,0 +1,27 @@
+// The widget behind an image view: one picture of the resource directory, sharp at every scale.
+// The definition's property `imageName` names it; a picture that is missing leaves the place empty.
+#pragma once
+
+#include <QIcon>
+#include <QWidget>
+
+namespace Vexora {
+
+class Picture : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Picture(QWidget* parent = nullptr) : QWidget(parent) {}
+
+    /// Shows the picture `<imageName>.png` of that folder, or `<imageName>@2x.png` on a dense
+    /// screen.
+    void loadFrom(const QString& folder);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QIcon icon_;
+};
+
+} // namespace Vexora

@@ -1,0 +1,198 @@
+#include "Platform/Qt/TextLabel.h"
+
+#include "Platform/Qt/Conversions.h"
+#include "Platform/Qt/Palette.h"
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+
+#include <cmath>
+
+namespace Vexora {
+namespace {
+
+/// Free space round the text on each side, in pixels; a focus ring is drawn in it.
+constexpr int padding = 4;
+
+/// A width that no line reaches, in pixels.
+constexpr qreal unlimited = 1e6;
+
+} // namespace
+
+TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void TextLabel::setStyledText(const StyledText& text) {
+    styledText_ = text;
+    formats_ = toFormatRanges(text);
+    QLabel::setText(toQString(text.string()));
+    for (QWidget* named = buddy(); named != nullptr; named = named->focusProxy()) {
+        named->setAccessibleName(QLabel::text());
+    }
+    updateGeometry();
+    update();
+}
+
+Qt::Alignment TextLabel::lineAlignment() const {
+    if (styledText_.alignment() == TextAlignment::Center) {
+        return Qt::AlignHCenter;
+    }
+    return QStyle::visualAlignment(layoutDirection(), alignment()) & Qt::AlignHorizontal_Mask;
+}
+
+void TextLabel::setClickHandler(std::function<void()> handler) {
+    clickHandler_ = std::move(handler);
+    setFocusPolicy(isClickable() ? Qt::StrongFocus : Qt::NoFocus);
+    setCursor(isClickable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void TextLabel::click() {
+    if (clickHandler_) {
+        clickHandler_();
+    }
+}
+
+QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
+    QString text = QLabel::text();
+    text.replace('\n', QChar::LineSeparator);
+    QTextOption option(lineAlignment());
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setText(text);
+    layout.setFont(font());
+    layout.setFormats(formats_);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QSizeF size;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0.0, size.height()});
+        size.setHeight(size.height() + line.height());
+        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
+    }
+    layout.endLayout();
+    return size;
+}
+
+QSize TextLabel::sizeHint() const {
+    QTextLayout layout;
+    const QSizeF size = layOut(layout, unlimited);
+    return {static_cast<int>(std::ceil(size.width())) + 2 * padding,
+            static_cast<int>(std::ceil(size.height())) + 2 * padding};
+}
+
+QSize TextLabel::minimumSizeHint() const {
+    QTextLayout layout;
+    layOut(layout, unlimited);
+    const int wordWidth = static_cast<int>(std::ceil(layout.minimumWidth()));
+    return {wordWidth + 2 * padding, fontMetrics().height() + 2 * padding};
+}
+
+int TextLabel::heightForWidth(int width) const {
+    QTextLayout layout;
+    const QSizeF size = layOut(layout, qMax(1, width - 2 * padding));
+    return static_cast<int>(std::ceil(size.height())) + 2 * padding;
+}
+
+void TextLabel::paintEvent(QPaintEvent*) {
+    const QRect inside = contentsRect().adjusted(padding, padding, -padding, -padding);
+    QTextLayout layout;
+    const QSizeF size = layOut(layout, inside.width());
+    qreal top = inside.top();
+    if (alignment().testFlag(Qt::AlignVCenter)) {
+        top += (inside.height() - size.height()) / 2;
+    } else if (alignment().testFlag(Qt::AlignBottom)) {
+        top += inside.height() - size.height();
+    }
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QPointF origin(inside.left(), top);
+    layout.draw(&painter, origin);
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Palette::blue, 2.0));
+        const QRectF text = layout.boundingRect();
+        QRectF ring(inside.left(), top, text.width(), size.height());
+        qreal left = inside.right();
+        for (int line = 0; line < layout.lineCount(); ++line) {
+            left = qMin(left, inside.left() + layout.lineAt(line).naturalTextRect().left());
+        }
+        ring.moveLeft(left);
+        ring.setWidth(size.width());
+        painter.drawRoundedRect(ring.adjusted(-3.0, -2.0, 3.0, 2.0), 4.0, 4.0);
+    }
+}
+
+void TextLabel::mousePressEvent(QMouseEvent* event) {
+    if (!isClickable() || event->button() != Qt::LeftButton) {
+        QLabel::mousePressEvent(event);
+    }
+}
+
+void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        click();
+    }
+}
+
+void TextLabel::keyPressEvent(QKeyEvent* event) {
+    const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                         event->key() == Qt::Key_Space;
+    if (!isClickable() || !presses) {
+        QLabel::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        click();
+    }
+}
+
+namespace {
+
+class TextLabelAccessible : public QAccessibleWidget {
+public:
+    explicit TextLabelAccessible(TextLabel* label) : QAccessibleWidget(label) {}
+
+    QAccessible::Role role() const override {
+        return label()->isClickable() ? QAccessible::Link : QAccessible::StaticText;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? label()->text() : QAccessibleWidget::text(kind);
+    }
+
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (label()->isClickable()) {
+            names.prepend(pressAction());
+        }
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        if (name == pressAction()) {
+            label()->click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    TextLabel* label() const { return static_cast<TextLabel*>(widget()); }
+};
+
+QAccessibleInterface* makeTextLabelAccessible(const QString&, QObject* object) {
+    auto* label = qobject_cast<TextLabel*>(object);
+    return label == nullptr ? nullptr : new TextLabelAccessible(label);
+}
+
+} // namespace
+
+void installTextLabelAccessibility() {
+    QAccessible::installFactory(makeTextLabelAccessible);
+}
+
+} // namespace Vexora

@@ -1,0 +1,56 @@
+// The widget behind a text field: styled runs that wrap and grow, and that can be clicked like a
+// link. To assistive tools it is a text, or a link with a press action once it is clickable.
+#pragma once
+
+#include "Platform/StyledText.h"
+
+#include <QLabel>
+#include <QTextLayout>
+
+#include <functional>
+
+namespace Vexora {
+
+class TextLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit TextLabel(QWidget* parent = nullptr);
+
+    /// Shows a text. It also becomes the accessible name of the label's buddy.
+    void setStyledText(const StyledText& text);
+
+    /// The formats in force, with positions in text().
+    const QList<QTextLayout::FormatRange>& formats() const { return formats_; }
+
+    /// How the lines are aligned, from the text or, when it leaves that open, from the definition.
+    Qt::Alignment lineAlignment() const;
+
+    /// Sets what a click, Return or Space does, and lets the label take the keyboard's focus.
+    void setClickHandler(std::function<void()> handler);
+    bool isClickable() const { return clickHandler_ != nullptr; }
+    void click();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// Sets the text in lines of that width; the result is the size that they take.
+    QSizeF layOut(QTextLayout& layout, qreal width) const;
+
+    StyledText styledText_;
+    QList<QTextLayout::FormatRange> formats_;
+    std::function<void()> clickHandler_;
+};
+
+/// Makes labels known to assistive tools as described above; once per process.
+void installTextLabelAccessibility();
+
+} // namespace Vexora

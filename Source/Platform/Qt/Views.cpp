@@ -1,0 +1,183 @@
+#include "Platform/Qt/Views.h"
+
+#include "Platform/Qt/Conversions.h"
+#include "Platform/Qt/Picture.h"
+#include "Platform/Qt/TextLabel.h"
+
+#include <QGraphicsOpacityEffect>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+namespace Vexora {
+namespace {
+
+/// The pane behind a view; null when the view shows something else.
+Pane* paneOf(View& view) {
+    const auto* owner = dynamic_cast<const WidgetOwner*>(&view);
+    return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
+}
+
+} // namespace
+
+WidgetOwner::~WidgetOwner() {
+    if (widget_ != nullptr && widget_->parentWidget() == nullptr) {
+        delete widget_;
+    }
+}
+
+void WidgetOwner::addChild(View& child, bool below) {
+    auto* pane = qobject_cast<Pane*>(widget_);
+    Pane* added = paneOf(child);
+    if (pane != nullptr && added != nullptr && added->parentWidget() != pane) {
+        pane->addPane(added, below);
+    }
+}
+
+void WidgetOwner::removeChild(View& child) {
+    auto* pane = qobject_cast<Pane*>(widget_);
+    Pane* removed = paneOf(child);
+    if (pane != nullptr && removed != nullptr) {
+        pane->removePane(removed);
+    }
+}
+
+void WidgetOwner::show(const View& view) {
+    const bool visible = !view.isHidden() && !view.isCovered() && view.alphaValue() > 0.0;
+    const bool translucent = visible && view.alphaValue() < 1.0;
+    if (translucent) {
+        auto* effect = new QGraphicsOpacityEffect;
+        effect->setOpacity(view.alphaValue());
+        widget_->setGraphicsEffect(effect);
+    } else if (widget_->graphicsEffect() != nullptr) {
+        widget_->setGraphicsEffect(nullptr);
+    }
+    widget_->setVisible(visible);
+}
+
+void WidgetOwner::fixHeight(double height) {
+    widget_->setFixedHeight(qRound(height));
+}
+
+QtView::QtView(Pane* pane) : Shown(pane) {
+    setOpaque(pane->isOpaque());
+}
+
+QtTextField::QtTextField(TextLabel* label) : Shown(label) {}
+
+TextLabel* QtTextField::label() const {
+    return static_cast<TextLabel*>(widget());
+}
+
+void QtTextField::applyText() {
+    label()->setStyledText(attributedStringValue());
+}
+
+void QtTextField::applyClickable() {
+    label()->setClickHandler([this] { click(); });
+}
+
+QtButton::QtButton(QPushButton* button) : Shown(button) {
+    QObject::connect(button, &QPushButton::clicked, button, [this] { click(); });
+}
+
+void QtButton::applyTitle() {
+    // A plain ampersand must not turn the letter behind it into a shortcut.
+    button()->setText(toQString(title()).replace('&', QStringLiteral("&&")));
+    button()->setAccessibleName(toQString(title()));
+}
+
+QtImageView::QtImageView(Picture* picture) : Shown(picture) {}
+
+QtProgressIndicator::QtProgressIndicator(QProgressBar* bar)
+    : Shown(bar), minimum_(bar->minimum()), maximum_(bar->maximum()) {
+    setRange(minimum_, maximum_);
+}
+
+void QtProgressIndicator::applyIndeterminate() {
+    bar()->setRange(isIndeterminate() ? 0 : minimum_, isIndeterminate() ? 0 : maximum_);
+    applyValue();
+}
+
+void QtProgressIndicator::applyValue() {
+    bar()->setValue(qRound(doubleValue()));
+}
+
+QtTextView::QtTextView(Size size) : Shown(new QTextEdit) {
+    edit()->resize(qRound(size.width), qRound(size.height));
+    edit()->setFrameShape(QFrame::NoFrame);
+    edit()->setContextMenuPolicy(Qt::NoContextMenu);
+    edit()->setTabChangesFocus(true);
+    edit()->document()->setDocumentMargin(14.0);
+    edit()->viewport()->setAutoFillBackground(false);
+}
+
+void QtTextView::applyRichText() {
+    edit()->setAcceptRichText(isRichText());
+}
+
+void QtTextView::applyString() {
+    edit()->setPlainText(toQString(string()));
+}
+
+void QtTextView::applyEditable() {
+    edit()->setReadOnly(!isEditable());
+    edit()->setCursorWidth(isEditable() ? 1 : 0);
+    edit()->setTextInteractionFlags(isEditable()
+                                        ? Qt::TextEditorInteraction
+                                        : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void QtTextView::applyContainerSize() {
+    // Lines wrap at the visible width, which follows the window from then on.
+    edit()->setLineWrapMode(QTextEdit::WidgetWidth);
+    edit()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+QtScrollView::QtScrollView(QFrame* frame) : Shown(frame) {
+    auto* layout = new QVBoxLayout(frame);
+    layout->setContentsMargins({});
+}
+
+Size QtScrollView::contentSize() const {
+    const QRect contents = widget()->contentsRect();
+    return {static_cast<double>(contents.width()), static_cast<double>(contents.height())};
+}
+
+void QtScrollView::applyDocumentView() {
+    while (QLayoutItem* shown = widget()->layout()->takeAt(0)) {
+        shown->widget()->setParent(nullptr);
+        delete shown;
+    }
+    if (const auto text = std::dynamic_pointer_cast<QtTextView>(documentView())) {
+        widget()->layout()->addWidget(text->edit());
+        widget()->setFocusProxy(text->edit());
+        text->edit()->setAccessibleName(widget()->accessibleName());
+        text->edit()->setProperty("initialFocus", widget()->property("initialFocus"));
+        widget()->setProperty("initialFocus", QVariant());
+    }
+}
+
+std::shared_ptr<View> makeView(QWidget* widget) {
+    if (auto* pane = qobject_cast<Pane*>(widget)) {
+        return std::make_shared<QtView>(pane);
+    }
+    if (auto* label = qobject_cast<TextLabel*>(widget)) {
+        return std::make_shared<QtTextField>(label);
+    }
+    if (auto* button = qobject_cast<QPushButton*>(widget)) {
+        return std::make_shared<QtButton>(button);
+    }
+    if (auto* picture = qobject_cast<Picture*>(widget)) {
+        return std::make_shared<QtImageView>(picture);
+    }
+    if (auto* bar = qobject_cast<QProgressBar*>(widget)) {
+        return std::make_shared<QtProgressIndicator>(bar);
+    }
+    if (auto* frame = qobject_cast<QFrame*>(widget)) {
+        return std::make_shared<QtScrollView>(frame);
+    }
+    return nullptr;
+}
+
+} // namespace Vexora

@@ -1,0 +1,134 @@
+// The views of the seam over widgets: each mirrors the state that its base keeps.
+// Main thread only.
+#pragma once
+
+#include "Platform/Controls.h"
+#include "Platform/Qt/Pane.h"
+
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QWidget>
+
+#include <memory>
+
+namespace Vexora {
+
+class Picture;
+class TextLabel;
+
+/// What every view has beside its base. The widget belongs to its parent widget, and to the view
+/// without one.
+class WidgetOwner {
+public:
+    explicit WidgetOwner(QWidget* widget) : widget_(widget) {}
+    WidgetOwner(const WidgetOwner&) = delete;
+    WidgetOwner& operator=(const WidgetOwner&) = delete;
+    virtual ~WidgetOwner();
+
+    QWidget* widget() const { return widget_; }
+
+protected:
+    void addChild(View& child, bool below);
+    void removeChild(View& child);
+    void show(const View& view);
+    void fixHeight(double height);
+
+private:
+    QPointer<QWidget> widget_;
+};
+
+/// A view of the seam whose order, visibility and height its widget follows.
+template <class Base>
+class Shown : public Base, public WidgetOwner {
+public:
+    explicit Shown(QWidget* widget) : WidgetOwner(widget) {}
+
+protected:
+    void applySubviewAdded(View& child, std::size_t index) override {
+        addChild(child, index == 0 && this->subviews().size() > 1);
+    }
+    void applySubviewRemoved(View& child) override { removeChild(child); }
+    void applyHidden() override { show(*this); }
+    void applyAlphaValue() override { show(*this); }
+    void applyCovered() override { show(*this); }
+    void applyHeightConstraint(double height) override { fixHeight(height); }
+};
+
+class QtView : public Shown<View> {
+public:
+    explicit QtView(Pane* pane);
+};
+
+class QtTextField : public Shown<TextField> {
+public:
+    explicit QtTextField(TextLabel* label);
+
+protected:
+    void applyText() override;
+    void applyClickable() override;
+
+private:
+    TextLabel* label() const;
+};
+
+class QtButton : public Shown<Button> {
+public:
+    explicit QtButton(QPushButton* button);
+
+protected:
+    void applyTitle() override;
+
+private:
+    QPushButton* button() const { return static_cast<QPushButton*>(widget()); }
+};
+
+class QtImageView : public Shown<ImageView> {
+public:
+    explicit QtImageView(Picture* picture);
+};
+
+class QtProgressIndicator : public Shown<ProgressIndicator> {
+public:
+    explicit QtProgressIndicator(QProgressBar* bar);
+
+protected:
+    void applyIndeterminate() override;
+    void applyValue() override;
+
+private:
+    QProgressBar* bar() const { return static_cast<QProgressBar*>(widget()); }
+
+    int minimum_;
+    int maximum_;
+};
+
+class QtTextView : public Shown<TextView> {
+public:
+    explicit QtTextView(Size size);
+
+    QTextEdit* edit() const { return static_cast<QTextEdit*>(widget()); }
+
+protected:
+    void applyRichText() override;
+    void applyString() override;
+    void applyEditable() override;
+    void applyContainerSize() override;
+};
+
+/// The frame is the place; the text area that it shows brings its own scroll bar.
+class QtScrollView : public Shown<ScrollView> {
+public:
+    explicit QtScrollView(QFrame* frame);
+
+    Size contentSize() const override;
+
+protected:
+    void applyDocumentView() override;
+};
+
+/// The view for a widget of an interface definition; null for one that is no outlet.
+std::shared_ptr<View> makeView(QWidget* widget);
+
+} // namespace Vexora

@@ -1,0 +1,81 @@
+#include "Platform/View.h"
+
+#include <algorithm>
+
+namespace Vexora {
+
+View::~View() {
+    for (const auto& child : subviews_) {
+        child->superview_ = nullptr;
+    }
+}
+
+void View::addSubview(const std::shared_ptr<View>& child, Ordering ordering) {
+    const std::shared_ptr<View> keptAlive = child;
+    child->removeFromSuperview();
+    child->superview_ = this;
+    const auto position = ordering == Ordering::Below ? subviews_.begin() : subviews_.end();
+    const auto inserted = subviews_.insert(position, keptAlive);
+    applySubviewAdded(*child, static_cast<std::size_t>(inserted - subviews_.begin()));
+    updateCoveredSubviews();
+}
+
+void View::removeFromSuperview() {
+    if (superview_ == nullptr) {
+        return;
+    }
+    View& parent = *superview_;
+    const auto found = std::find_if(parent.subviews_.begin(), parent.subviews_.end(),
+                                    [this](const auto& sibling) { return sibling.get() == this; });
+    const std::shared_ptr<View> keptAlive = *found;
+    parent.subviews_.erase(found);
+    superview_ = nullptr;
+    parent.applySubviewRemoved(*this);
+    if (covered_) {
+        covered_ = false;
+        applyCovered();
+    }
+    parent.updateCoveredSubviews();
+}
+
+void View::updateCoveredSubviews() {
+    const auto covering = std::find_if(subviews_.begin(), subviews_.end(),
+                                       [](const auto& child) { return child->opaque_; });
+    for (const auto& child : subviews_) {
+        const bool covered = covering != subviews_.end() && child != *covering;
+        if (child->covered_ != covered) {
+            child->covered_ = covered;
+            child->applyCovered();
+        }
+    }
+}
+
+void View::setHidden(bool hidden) {
+    hidden_ = hidden;
+    applyHidden();
+}
+
+void View::setAlphaValue(double alpha) {
+    alpha_ = alpha;
+    applyAlphaValue();
+}
+
+void View::addHeightConstraint(double height) {
+    heightConstraints_.push_back(height);
+    applyHeightConstraint(height);
+}
+
+void View::onClick(std::function<void()> handler) {
+    clickHandler_ = std::move(handler);
+    applyClickable();
+}
+
+void View::click() {
+    if (clickHandler_) {
+        // A handler may take its own view, and with it the stored function, out of the window.
+        const std::function<void()> handler = clickHandler_;
+        handler();
+    }
+}
+
+} // namespace Vexora

@@ -1,0 +1,27 @@
+// The start screen: one line that says what to do, and the button that does it.
+// Replacing this screen by the install screen is what starts the installation.
+#pragma once
+
+#include "BaseViewController.h"
+
+namespace Vexora {
+
+class StartViewController : public BaseViewController {
+public:
+    explicit StartViewController(Platform& platform)
+        : BaseViewController(platform, "StartViewController") {}
+
+    void viewDidLoad() override;
+    void retranslate();
+
+    /// Puts the install screen under everything the window shows, and removes this screen for good.
+    void startAction();
+
+    std::shared_ptr<TextField> startLabel() const { return outlet<TextField>("startLabel"); }
+    std::shared_ptr<Button> startButton() const { return outlet<Button>("startButton"); }
+
+protected:
+    void performAction(const std::string& action) override;
+};
+
+} // namespace Vexora

@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string readFile(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        throw std::runtime_error("cannot open " + file.string());
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::uint32_t byteAt(const std::string& bytes, std::size_t index) {
+    return static_cast<unsigned char>(bytes.at(index));
+}
+
+// Width and height that a PNG file states in its header.
+std::pair<std::uint32_t, std::uint32_t> pngSize(const std::string& bytes) {
+    if (!bytes.starts_with("\x89PNG\r\n\x1a\n") || bytes.substr(12, 4) != "IHDR")
+        throw std::runtime_error("no PNG header");
+    const auto number = [&bytes](std::size_t at) {
+        return byteAt(bytes, at) << 24 | byteAt(bytes, at + 1) << 16 | byteAt(bytes, at + 2) << 8 |
+               byteAt(bytes, at + 3);
+    };
+    return {number(16), number(20)};
+}
+
+const fs::path staged = VEXORA_STAGED_RESOURCES;
+
+} // namespace
+
+TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
+    EXPECT_EQ(pngSize(readFile(staged / "lumiqLogo.png")), std::pair(96U, 96U));
+    EXPECT_EQ(pngSize(readFile(staged / "lumiqLogo@2x.png")), std::pair(192U, 192U));
+    EXPECT_EQ(pngSize(readFile(staged / "closeIcon.png")), std::pair(32U, 32U));
+    EXPECT_EQ(pngSize(readFile(staged / "closeIcon@2x.png")), std::pair(64U, 64U));
+    for (const std::uint32_t size : {16U, 32U, 48U, 64U, 128U, 256U, 512U}) {
+        const std::string name = "vexora-one-click-installer-" + std::to_string(size) + ".png";
+        EXPECT_EQ(pngSize(readFile(staged / name)), std::pair(size, size)) << name;
+    }
+}
+
+TEST(StagedFilesTest, payloadIsCompleteAndExecutable) {
+    for (const char* name : {"install", "unmount"})
+        EXPECT_NE(fs::status(staged / name).permissions() & fs::perms::others_exec, fs::perms::none)
+            << name;
+    for (const char* name : {"payload.conf", "lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum"})
+        EXPECT_GT(fs::file_size(staged / name), 0U) << name;
+}

@@ -26,7 +26,8 @@ void LicenseViewController::setupLicenseText() {
     textView->setRichText(true);
     textView->setString(agreement.value_or(""));
     textView->setEditable(false);
-    textView->setContainerSize({visible.width, std::numeric_limits<float>::max()});
+    textView->setContainerSize(
+        {visible.width, static_cast<double>(std::numeric_limits<float>::max())});
     scrollView->setDocumentView(textView);
 }
 

@@ -13,6 +13,7 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
 endif()
 
 option(VEXORA_BUILD_TESTS "Build the tests" OFF)
+option(VEXORA_BUILD_DESKTOP_TESTS "Without the other tests, those that drive the program" OFF)
 option(VEXORA_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(VEXORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 

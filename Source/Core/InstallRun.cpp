@@ -26,7 +26,8 @@ InstallRun::InstallRun(Platform& platform, ProgressModel& model, const ProgressI
       reportFailure_(std::move(reportFailure)) {}
 
 void InstallRun::startInstall() {
-    const std::unique_ptr<Process> process = launch();
+    const std::unique_ptr<FileHandle> output = openLog();
+    const std::unique_ptr<Process> process = launch(output.get());
     while (process->isRunning()) {
         model_.poll(bar_.doubleValue());
         platform_.clock.sleep(1);
@@ -34,19 +35,24 @@ void InstallRun::startInstall() {
     decide(process->terminationStatus());
 }
 
-std::unique_ptr<Process> InstallRun::launch() {
-    if (!platform_.files.fileExistsAtPath(logFilePath_)) {
-        platform_.files.createFileAtPath(logFilePath_);
+std::unique_ptr<FileHandle> InstallRun::openLog() {
+    FileSystem& files = platform_.files;
+    if (!files.fileExistsAtPath(logFilePath_)) {
+        files.createFileAtPath(logFilePath_);
     }
     // The handle stays at offset 0, so the output replaces earlier lines from the first byte on.
-    auto output = platform_.files.fileHandleForUpdatingAtPath(logFilePath_);
+    auto output = files.fileHandleForUpdatingAtPath(logFilePath_);
     if (!output) {
         platform_.systemLog.log("Failed to open install log: " + logFilePath_);
-        output = platform_.files.fileHandleForUpdatingAtPath("/dev/null");
+        output = files.fileHandleForUpdatingAtPath("/dev/null");
     }
+    return output;
+}
+
+std::unique_ptr<Process> InstallRun::launch(const FileHandle* output) {
     const auto arguments = installArguments(platform_.environment.resourcePath());
     try {
-        return platform_.processes.launch(nohupPath, arguments, output.get());
+        return platform_.processes.launch(nohupPath, arguments, output);
     } catch (const std::exception& error) {
         platform_.systemLog.log(std::string("Failed to launch ") + nohupPath + ": " + error.what());
         throw;

@@ -42,7 +42,9 @@ public:
     bool runElevated();
 
 private:
-    std::unique_ptr<Process> launch();
+    /// The log file, or the null device when it cannot be opened.
+    std::unique_ptr<FileHandle> openLog();
+    std::unique_ptr<Process> launch(const FileHandle* output);
     void decide(std::int32_t status);
     void post(std::int32_t status);
 

@@ -135,3 +135,15 @@ TEST_F(AllocationTest, replacedValuesAreNotKept) {
     parser_.parse();
     EXPECT_LE(bytesInUse + large.size() - longValue.size(), before);
 }
+
+TEST_F(AllocationTest, whatIsNoEntryIsNotKept) {
+    constexpr std::size_t size = 1'000'000;
+    folder_.write("Localizable.strings",
+                  "// " + std::string(size, 'x') + "\n\"Start\" = \"Los\"\n");
+    const std::size_t before = bytesInUse;
+    KVParser parser("Localizable.strings");
+    parser.setLocaleDir(folder_.path().string());
+    parser.parse();
+    EXPECT_EQ(parser.getMessage("Start"), "Los");
+    EXPECT_LT(bytesInUse - before, size / 100);
+}

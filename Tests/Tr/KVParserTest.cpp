@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -106,6 +106,17 @@ TEST_F(KVParserTest, secondOfTwoLinesWithOneKeyWins) {
         "\"Install\" = \"Einrichten\"\n\"Close\" = \"Beenden\"\n\"Install\" = \"Installieren\"\n");
     EXPECT_EQ(message("Install"), "Installieren");
     EXPECT_EQ(message("Close"), "Beenden");
+}
+
+TEST_F(KVParserTest, lastOfManyLinesWithOneKeyWins) {
+    std::string bytes;
+    for (int i = 0; i < 1000; ++i) {
+        bytes += "\"Key " + std::to_string(i % 7) + "\" = \"" + std::to_string(i) + "\"\n";
+    }
+    parse(bytes);
+    for (int i = 993; i < 1000; ++i) {
+        EXPECT_EQ(message("Key " + std::to_string(i % 7)), std::to_string(i));
+    }
 }
 
 TEST_F(KVParserTest, keyThatIsNotInTheTableComesBackUnchanged) {

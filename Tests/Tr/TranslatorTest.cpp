@@ -16,6 +16,7 @@
 #include <string_view>
 #include <thread>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 using namespace VXLOCAL;
@@ -83,7 +84,9 @@ class RecordingParser : public Parser {
 public:
     explicit RecordingParser(std::vector<std::string>& events, std::string message = "")
         : Parser("constructed"), events_(events), message_(std::move(message)) {}
-    ~RecordingParser() override { events_.push_back("destroyed"); }
+    ~RecordingParser() override {
+        events_.push_back("destroyed, held: " + translator().localeFile(""));
+    }
     void parse() override {
         events_.push_back("parse " + getLocale() + " " + localeFile(getLocale()));
     }
@@ -201,11 +204,11 @@ TEST_F(TranslatorTest, initDestroysTheHeldCatalogueThenConfiguresAndParsesTheNew
     std::vector<std::string> events;
     translator().init(new RecordingParser(events), "de", "/res/de.lproj", stringsFile);
     translator().init(new RecordingParser(events), "fr", "/res/fr.lproj", "Other.strings");
-    EXPECT_EQ(events,
-              (std::vector<std::string>{"parse de /res/de.lproj/Localizable.strings", "destroyed",
-                                        "parse fr /res/fr.lproj/Other.strings"}));
+    EXPECT_EQ(events, (std::vector<std::string>{
+                          "parse de /res/de.lproj/Localizable.strings",
+                          "destroyed, held: ", "parse fr /res/fr.lproj/Other.strings"}));
     init("");
-    EXPECT_EQ(events.back(), "destroyed");
+    EXPECT_EQ(events.back(), "destroyed, held: ");
 }
 
 TEST_F(TranslatorTest, setLocaleParsesAgainAndSetLocaleDirDoesNot) {

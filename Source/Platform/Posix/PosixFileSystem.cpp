@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <string_view>
 #include <system_error>
 
@@ -70,7 +72,7 @@ std::optional<std::string> contentOfFile(const std::string& path) {
 /// Converts what follows the byte-order mark of `content`.
 std::optional<std::string> utf8FromMarkedUtf16(std::string& content, const char* encoding) {
     const iconv_t converter = ::iconv_open("UTF-8", encoding);
-    if (converter == reinterpret_cast<iconv_t>(-1)) {
+    if (converter == std::bit_cast<iconv_t>(std::intptr_t{-1})) {
         return std::nullopt;
     }
     char* input = content.data() + 2;

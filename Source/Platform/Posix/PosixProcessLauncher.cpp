@@ -136,6 +136,7 @@ std::int32_t PosixProcess::waitUntilExit() {
 
 void PosixProcess::collectStatus(int waitOptions) {
     if (ended_) {
+        // Another child may have the number by now.
         return;
     }
     int status = 0;

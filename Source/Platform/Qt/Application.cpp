@@ -20,6 +20,7 @@ void QtWindow::setContent(QWidget* content) {
     layout->setContentsMargins({});
     layout->addWidget(content);
     resize(content->size());
+    setMinimumWidth(content->width());
     const auto widgets = content->findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
         if (widget->property("initialFocus").toBool() && widget->isVisibleTo(content)) {
@@ -38,6 +39,16 @@ void QtWindow::center() {
         frame.moveCenter(screen->availableGeometry().center());
         move(frame.topLeft());
     }
+}
+
+bool QtWindow::event(QEvent* event) {
+    const bool handled = QWidget::event(event);
+    const bool reshaped = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
+    if (reshaped && layout() != nullptr) {
+        setMinimumHeight(qMax(layout()->totalMinimumSize().height(),
+                              layout()->totalMinimumHeightForWidth(width())));
+    }
+    return handled;
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {
@@ -83,6 +94,11 @@ void QtApplication::exit(int status) {
 }
 
 bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat() &&
+        qobject_cast<QPushButton*>(watched) != nullptr) {
+        // A key that is held down presses a button once.
+        return true;
+    }
     if (event->type() == QEvent::Close && closeHandler_) {
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget->isWindow()) {

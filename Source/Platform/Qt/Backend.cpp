@@ -11,6 +11,7 @@
 #include "Platform/Qt/InterfaceLoader.h"
 #include "Platform/Qt/MainQueue.h"
 #include "Platform/Qt/PaperStyle.h"
+#include "Platform/Qt/Picture.h"
 #include "Platform/Qt/TextLabel.h"
 #include "Platform/Qt/Views.h"
 #include "Platform/Qt/Workspace.h"
@@ -28,8 +29,8 @@ struct Desktop {
         QApplication::setDesktopFileName("vexora-one-click-installer");
         QIcon icon;
         for (const int size : {32, 64}) {
-            icon.addFile(resources + QString("/vexora-one-click-installer-%1.png").arg(size),
-                         QSize(size, size));
+            icon.addPixmap(
+                readPicture(resources + QString("/vexora-one-click-installer-%1.png").arg(size)));
         }
         QApplication::setWindowIcon(icon);
         loadFonts(resources + "/Fonts");

@@ -19,9 +19,10 @@ QFont toQFont(const Font& font) {
     const QString name = toQString(font.name);
     const QString family = name.section('-', 0, 0);
     QFont result = QApplication::font();
-    if (QFontDatabase::hasFamily(name)) {
+    // Asking for the styles looks one family up; hasFamily would list them all.
+    if (!QFontDatabase::styles(name).isEmpty()) {
         result.setFamily(name);
-    } else if (QFontDatabase::hasFamily(family)) {
+    } else if (!QFontDatabase::styles(family).isEmpty()) {
         result.setFamily(family);
     }
     if (name.endsWith(QLatin1String("-SemiBold"))) {

@@ -11,6 +11,8 @@ namespace Vexora {
 Pane::Pane(QWidget* parent) : QWidget(parent) {}
 
 void Pane::addPane(Pane* pane, bool below) {
+    const bool covered = std::any_of(panes_.begin(), panes_.end(),
+                                     [](const auto& other) { return other->isOpaque(); });
     if (pane->isOpaque()) {
         focusBeforeCover_ = window()->focusWidget();
     }
@@ -22,9 +24,11 @@ void Pane::addPane(Pane* pane, bool below) {
         pane->raise();
     }
     arrange();
-    pane->show();
-    QWidget* focus = pane->initialFocus();
-    (focus != nullptr ? focus : pane)->setFocus(Qt::OtherFocusReason);
+    if (!covered) {
+        pane->show();
+        QWidget* focus = pane->initialFocus();
+        (focus != nullptr ? focus : pane)->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void Pane::removePane(Pane* pane) {
@@ -150,18 +154,27 @@ void Pane::resizeEvent(QResizeEvent* event) {
 
 void orderFocusByReading(QWidget& window) {
     struct Place {
-        int row;
+        QRect rect;
         int column;
         QWidget* widget;
+        int row = 0;
     };
     QList<Place> places;
     const auto widgets = window.findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
         if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
-            const QPoint center = widget->mapTo(&window, widget->rect().center());
+            const QRect rect(widget->mapTo(&window, QPoint(0, 0)), widget->size());
             const bool mirrored = window.layoutDirection() == Qt::RightToLeft;
-            places.append({center.y(), mirrored ? -center.x() : center.x(), widget});
+            places.append({rect, mirrored ? -rect.center().x() : rect.center().x(), widget});
         }
+    }
+    std::sort(places.begin(), places.end(), [](const Place& upper, const Place& lower) {
+        return upper.rect.center().y() < lower.rect.center().y();
+    });
+    for (qsizetype index = 1; index < places.size(); ++index) {
+        const Place& above = places[index - 1];
+        const bool startsRow = places[index].rect.top() > above.rect.center().y();
+        places[index].row = above.row + (startsRow ? 1 : 0);
     }
     std::sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
         return left.row != right.row ? left.row < right.row : left.column < right.column;

@@ -62,7 +62,7 @@ void drawHelpMark(const QStyleOptionButton& option, QPainter& painter) {
     QFont font = painter.font();
     font.setWeight(QFont::DemiBold);
     painter.setFont(font);
-    painter.setPen(Palette::blue);
+    painter.setPen(Palette::bluePressed);
     const bool mirrored = option.direction == Qt::RightToLeft;
     painter.drawText(option.rect, Qt::AlignCenter, mirrored ? QString(QChar(0x061f)) : "?");
     painter.restore();
@@ -148,6 +148,15 @@ void PaperStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+QSize PaperStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_PushButton) {
+        size.setHeight(contents.height() + 18);
+    }
+    return size;
 }
 
 int PaperStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

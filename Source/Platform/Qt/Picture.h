@@ -2,10 +2,13 @@
 // The definition's property `imageName` names it; a picture that is missing leaves the place empty.
 #pragma once
 
-#include <QIcon>
+#include <QPixmap>
 #include <QWidget>
 
 namespace Vexora {
+
+/// Reads a PNG file; null when it is missing or broken.
+QPixmap readPicture(const QString& path);
 
 class Picture : public QWidget {
     Q_OBJECT
@@ -21,7 +24,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QIcon icon_;
+    QPixmap pixmap_;
 };
 
 } // namespace Vexora

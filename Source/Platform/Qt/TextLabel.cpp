@@ -30,7 +30,11 @@ TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
 void TextLabel::setStyledText(const StyledText& text) {
     styledText_ = text;
     formats_ = toFormatRanges(text);
+    // QLabel keeps the text of a label that takes the focus in a document as well.
+    const Qt::FocusPolicy policy = focusPolicy();
+    setFocusPolicy(Qt::NoFocus);
     QLabel::setText(toQString(text.string()));
+    setFocusPolicy(policy);
     for (QWidget* named = buddy(); named != nullptr; named = named->focusProxy()) {
         named->setAccessibleName(QLabel::text());
     }

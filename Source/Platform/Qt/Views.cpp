@@ -82,8 +82,11 @@ QtButton::QtButton(QPushButton* button) : Shown(button) {
 }
 
 void QtButton::applyTitle() {
-    // A plain ampersand must not turn the letter behind it into a shortcut.
+    // A plain ampersand must not turn the letter behind it into a shortcut, and the definition's
+    // shortcut must outlive the new text.
+    const QKeySequence shortcut = button()->shortcut();
     button()->setText(toQString(title()).replace('&', QStringLiteral("&&")));
+    button()->setShortcut(shortcut);
     button()->setAccessibleName(toQString(title()));
 }
 

@@ -19,19 +19,16 @@ namespace VXLOCAL {
 /// sign, three quoted texts.
 ///
 /// - The key is the first piece without the quotes at its two ends, however many there are. Spaces
-/// before
-///   the opening quote stay part of the key, and so does the quote behind them.
+///   before the opening quote stay part of the key, and so does the quote behind them.
 /// - The value is the second piece without carriage returns at its ends and then without quotes at
-/// its
-///   ends. There is no terminator: a semicolon behind the closing quote stays in the value with the
-///   quote.
+///   its ends. There is no terminator: a semicolon behind the closing quote stays in the value with
+///   the quote.
 /// - A line with an empty key or an empty value is skipped.
 /// - Of several lines with one key, the last one counts.
 /// - A byte-order mark has no meaning and becomes part of the first line's key.
 /// - Escapes are kept as written and interpreted by look-up: backslash and one of a, b, f, n, r, t
-/// stand for
-///   that control character, backslash and v for the letter v, backslash and any other byte for a
-///   lone backslash.
+///   stand for that control character, backslash and v for the letter v, backslash and any other
+///   byte for a lone backslash.
 ///
 /// parse() and getMessage() must not run at the same time on one object.
 class KVParser : public Parser {
@@ -47,8 +44,7 @@ public:
     /// after the file was opened (a directory can be opened, for one), the lines read completely
     /// until then are kept, and that is no error.
     /// @throws std::runtime_error "Could not open ", the path and a line feed when the file cannot
-    /// be
-    ///     opened; the table stays as it was.
+    ///     be opened; the table stays as it was.
     /// @throws std::bad_alloc; the table stays as it was.
     void parse() override;
 
@@ -66,11 +62,11 @@ private:
     };
 
     static void readEntries(std::string_view text, std::vector<Entry>& entries);
-    void adopt(std::vector<Entry>& entries);
+    void adopt(std::vector<Entry>& entries, std::vector<char>& text);
 
     /// Sorted by key, each key once.
     std::vector<Entry> messages;
-    /// The keys and values of `messages`, and nothing else.
+    /// Holds the keys and values of `messages`.
     std::vector<char> bytes_;
 };
 

@@ -17,8 +17,7 @@ class Parser;
 class Translator {
 public:
     /// @return the one translator, the same address on every call; it is destroyed at program exit,
-    /// together
-    ///     with its catalogue. May be called from any thread.
+    ///     together with its catalogue. May be called from any thread.
     static Translator* getInstance() {
         static Translator instance;
         return &instance;
@@ -29,8 +28,7 @@ public:
 
     /// Takes a catalogue, destroys the one held before, and has the new one read its file.
     /// @param parser a catalogue made with `new`, whose ownership passes to the translator, also
-    /// when
-    ///     reading fails. It must not be the one already held: that one is destroyed first.
+    ///     when reading fails. It must not be the one already held: that one is destroyed first.
     /// @param locale the catalogue's locale name.
     /// @param folder the folder that holds the catalogue's file.
     /// @param filename the catalogue's file name.
@@ -62,8 +60,7 @@ public:
 
     /// Translates a text and formats it with the arguments behind it.
     /// @param text the message identifier and at the same time a printf format, zero-terminated and
-    /// not
-    ///     null. A percent sign is written doubled, also when there are no arguments. The
+    ///     not null. A percent sign is written doubled, also when there are no arguments. The
     ///     translation must have the same conversions in the same order.
     /// @return the bytes of the formatted translation up to its first zero byte, at most 998 of
     /// them; what

@@ -103,10 +103,10 @@ void KVParser::parse() {
     if (!file.isOpen()) {
         throw std::runtime_error("Could not open " + path + "\n");
     }
-    const std::vector<char> text = file.readLines();
+    std::vector<char> text = file.readLines();
     std::vector<Entry> entries(messages);
     readEntries(std::string_view(text.data(), text.size()), entries);
-    adopt(entries);
+    adopt(entries, text);
 }
 
 /// Appends the entries of a strings file's text, in the order of its lines.
@@ -124,9 +124,10 @@ void KVParser::readEntries(std::string_view text, std::vector<Entry>& entries) {
     }
 }
 
-/// Makes these entries the table, of several with one key the last. Their bytes are copied, so that
-/// a table parsed again and again holds no more than what it can answer.
-void KVParser::adopt(std::vector<Entry>& entries) {
+/// Makes these entries the table, of several with one key the last. A first file that mostly
+/// consists of keys and values is kept as it is; otherwise these are copied out, so that a table
+/// parsed again and again holds no more than twice what it can answer.
+void KVParser::adopt(std::vector<Entry>& entries, std::vector<char>& text) {
     std::stable_sort(entries.begin(), entries.end(),
                      [](const Entry& left, const Entry& right) { return left.key < right.key; });
     std::size_t count = 0;
@@ -140,18 +141,21 @@ void KVParser::adopt(std::vector<Entry>& entries) {
     entries.resize(count);
     entries.shrink_to_fit();
 
-    std::vector<char> bytes;
-    bytes.reserve(size);
-    const auto copied = [&bytes](std::string_view text) {
-        const std::size_t start = bytes.size();
-        bytes.insert(bytes.end(), text.begin(), text.end());
-        return std::string_view(bytes.data() + start, text.size());
-    };
-    for (Entry& entry : entries) {
-        entry = {copied(entry.key), copied(entry.value)};
+    if (!messages.empty() || size < text.capacity() / 2) {
+        std::vector<char> copies;
+        copies.reserve(size);
+        const auto copied = [&copies](std::string_view original) {
+            const std::size_t start = copies.size();
+            copies.insert(copies.end(), original.begin(), original.end());
+            return std::string_view(copies.data() + start, original.size());
+        };
+        for (Entry& entry : entries) {
+            entry = {copied(entry.key), copied(entry.value)};
+        }
+        text.swap(copies);
     }
     messages.swap(entries);
-    bytes_.swap(bytes);
+    bytes_.swap(text);
 }
 
 std::string KVParser::getMessage(const std::string& key) const {

@@ -19,8 +19,7 @@ std::vector<std::string> split(const std::string& text, const std::string& separ
 /// Removes bytes from both ends of a text.
 /// @param characters the bytes to remove, each for itself, in any order and number.
 /// @param whitespace whether space, tab, line feed, carriage return, form feed and vertical tab are
-/// removed
-///     as well.
+///     removed as well.
 /// @return the text from the first to the last byte that stays; empty when none stays.
 std::string trim(const std::string& text, const std::string& characters, bool whitespace);
 

@@ -1,0 +1,124 @@
+#include "Core/FailureCatalogue.h"
+
+#include "Color.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+using Vexora::composeFailureText;
+using Vexora::FailureMessage;
+using Vexora::failureMessageForStatus;
+using Vexora::Font;
+using Vexora::Presentation;
+using Vexora::StyledText;
+using Vexora::TextAlignment;
+using Vexora::TextRun;
+
+namespace {
+
+const TextRun link{"Open logs", Font{"QuillaSans-SemiBold", 15.0},
+                   Vexora::Color{0.24, 0.44, 0.70, 1.0}};
+
+StyledText styledLink() {
+    StyledText text;
+    text.append(link);
+    return text;
+}
+
+/// The composed text of a status, untranslated.
+StyledText composed(std::int32_t status) {
+    const char* identifier = failureMessageForStatus(status).identifier;
+    return composeFailureText(identifier == nullptr ? "" : identifier, styledLink());
+}
+
+void expectRow(std::int32_t status, const std::string& identifier, Presentation presentation) {
+    const FailureMessage row = failureMessageForStatus(status);
+    ASSERT_NE(row.identifier, nullptr) << status;
+    EXPECT_EQ(row.identifier, identifier) << status;
+    EXPECT_EQ(row.presentation, presentation) << status;
+}
+
+TEST(FailureCatalogue, statusFortyIsComposedOfTheMessageABlankAndTheLinkCentred) {
+    const StyledText text = composed(40);
+    EXPECT_EQ(text.runs(),
+              (std::vector<TextRun>{{"Failed to copy Ondrel Vexora Lumiq Web plugin.", {}, {}},
+                                    {" ", {}, {}},
+                                    link}));
+    EXPECT_EQ(text.alignment(), TextAlignment::Center);
+    expectRow(40, "Failed to copy Ondrel Vexora Lumiq Web plugin.", Presentation::Failure);
+}
+
+TEST(FailureCatalogue, statusFiveIsANotice) {
+    expectRow(5, "Ondrel Vexora Lumiq is already up to date.", Presentation::Notice);
+    EXPECT_EQ(composed(5).string(), "Ondrel Vexora Lumiq is already up to date. Open logs");
+}
+
+TEST(FailureCatalogue, unlistedStatusHasNoMessageAndIsAFailure) {
+    for (const std::int32_t status : {7,
+                                      11,
+                                      0,
+                                      -1,
+                                      2,
+                                      3,
+                                      4,
+                                      6,
+                                      15,
+                                      19,
+                                      21,
+                                      25,
+                                      60,
+                                      126,
+                                      127,
+                                      128,
+                                      255,
+                                      256,
+                                      257,
+                                      261,
+                                      std::numeric_limits<std::int32_t>::min(),
+                                      std::numeric_limits<std::int32_t>::max()}) {
+        EXPECT_EQ(failureMessageForStatus(status).identifier, nullptr) << status;
+        EXPECT_EQ(failureMessageForStatus(status).presentation, Presentation::Failure) << status;
+        EXPECT_EQ(composed(status).runs(), (std::vector<TextRun>{{" ", {}, {}}, link})) << status;
+        EXPECT_EQ(composed(status).alignment(), TextAlignment::Center) << status;
+    }
+}
+
+TEST(FailureCatalogue, statusOneAsksForAdministratorAccess) {
+    expectRow(1,
+              "A system-wide installation already exists. Removing or upgrading requires "
+              "administrator-level access.",
+              Presentation::Failure);
+}
+
+TEST(FailureCatalogue, secondCompositionKeepsNothingOfTheFirst) {
+    static_cast<void>(composed(20));
+    EXPECT_EQ(composed(30).string(), "Failed to extract Ondrel Vexora Lumiq. Open logs");
+}
+
+TEST(FailureCatalogue, everyOtherListedStatusIsAFailureWithItsOwnMessage) {
+    expectRow(10,
+              "A newer version of Ondrel Vexora Lumiq is installed on your system. Installation "
+              "terminated.",
+              Presentation::Failure);
+    expectRow(20, "Pre-installation steps failed.", Presentation::Failure);
+    expectRow(30, "Failed to extract Ondrel Vexora Lumiq.", Presentation::Failure);
+    expectRow(50, "Post-installation steps failed.", Presentation::Failure);
+}
+
+TEST(FailureCatalogue, compositionLeavesTheLinkAsItIs) {
+    const StyledText given = styledLink();
+    static_cast<void>(composeFailureText("message", given));
+    EXPECT_EQ(given.runs(), std::vector<TextRun>{link});
+    EXPECT_EQ(given.alignment(), TextAlignment::Natural);
+}
+
+TEST(FailureCatalogue, percentSignsAndTagsOfAMessageStayCharacters) {
+    EXPECT_EQ(composeFailureText("100% <b>done</b>", styledLink()).runs().front(),
+              (TextRun{"100% <b>done</b>", {}, {}}));
+}
+
+} // namespace

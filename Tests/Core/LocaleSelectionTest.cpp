@@ -1,0 +1,152 @@
+#include "Core/LocaleSelection.h"
+
+#include "Support/Catalogue.h"
+#include "Support/RecordingPlatform.h"
+#include "Support/TemporaryFolder.h"
+
+#include <tr.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using TestSupport::Lines;
+using Vexora::languageCode;
+
+namespace {
+
+class LocaleSelection : public testing::Test {
+protected:
+    LocaleSelection() {
+        TestSupport::forgetTranslations();
+        environment.resources = resources.path().string();
+    }
+    ~LocaleSelection() override { TestSupport::forgetTranslations(); }
+
+    bool initialize(const std::string& localeIdentifier) {
+        environment.locale = localeIdentifier;
+        return Vexora::initializeTranslator(
+            environment, [this](const std::string& text) { logged.push_back(text); });
+    }
+
+    void addLanguage(const std::string& folder, const std::string& start) {
+        resources.write(folder + "/Localizable.strings",
+                        TestSupport::stringsFile({{"Start", start}}));
+    }
+
+    static VXLOCAL::Translator& translator() { return *VXLOCAL::Translator::getInstance(); }
+
+    TestSupport::TemporaryFolder resources;
+    TestSupport::RecordingEnvironment environment;
+    Lines logged;
+};
+
+TEST_F(LocaleSelection, americanEnglishReadsTheEnglishCatalogueOfTheResourceFolder) {
+    addLanguage("en.lproj", "Begin");
+    EXPECT_TRUE(initialize("en_US"));
+    EXPECT_EQ(translator().localeFile("en"),
+              environment.resources + "/en.lproj/Localizable.strings");
+    EXPECT_EQ(translator().tr("Start"), "Begin");
+    EXPECT_EQ(logged, Lines{});
+}
+
+TEST_F(LocaleSelection, swissGermanUsesTheGermanFolder) {
+    addLanguage("de.lproj", "Starten");
+    addLanguage("de_CH.lproj", "falsch");
+    addLanguage("en.lproj", "Start");
+    EXPECT_TRUE(initialize("de_CH"));
+    EXPECT_EQ(translator().localeDir(), environment.resources + "/de.lproj");
+    EXPECT_EQ(translator().tr("Start"), "Starten");
+}
+
+TEST_F(LocaleSelection, upperCaseIdentifierIsLoweredFirst) {
+    addLanguage("en.lproj", "Begin");
+    EXPECT_TRUE(initialize("EN_GB"));
+    EXPECT_EQ(translator().localeDir(), environment.resources + "/en.lproj");
+    EXPECT_EQ(translator().tr("Start"), "Begin");
+}
+
+TEST_F(LocaleSelection, oneLetterIdentifierIsUsedWhole) {
+    addLanguage("x.lproj", "X");
+    EXPECT_TRUE(initialize("x"));
+    EXPECT_EQ(translator().localeDir(), environment.resources + "/x.lproj");
+    EXPECT_EQ(translator().tr("Start"), "X");
+}
+
+TEST_F(LocaleSelection, emptyIdentifierIsUsedWhole) {
+    addLanguage(".lproj", "nothing");
+    EXPECT_TRUE(initialize(""));
+    EXPECT_EQ(translator().localeDir(), environment.resources + "/.lproj");
+    EXPECT_EQ(translator().tr("Start"), "nothing");
+}
+
+TEST_F(LocaleSelection, shortIdentifiersWithoutAFolderFailNothing) {
+    for (const std::string identifier : {"", "x"}) {
+        logged.clear();
+        EXPECT_FALSE(initialize(identifier));
+        EXPECT_EQ(logged, Lines{"Could not open " + environment.resources + "/" + identifier +
+                                ".lproj/Localizable.strings\n"});
+    }
+}
+
+TEST_F(LocaleSelection, unreadableCatalogueIsLoggedAsOneTextAndTheTextsStayEnglish) {
+    EXPECT_FALSE(initialize("fr_FR"));
+    EXPECT_EQ(logged,
+              Lines{"Could not open " + environment.resources + "/fr.lproj/Localizable.strings\n"});
+    EXPECT_EQ(translator().tr("Installation completed!"), "Installation completed!");
+}
+
+TEST_F(LocaleSelection, noOtherLanguageIsTriedAndNoneRemains) {
+    addLanguage("en.lproj", "Begin");
+    ASSERT_TRUE(initialize("en_US"));
+    EXPECT_FALSE(initialize("fr_FR"));
+    EXPECT_EQ(translator().tr("Start"), "Start");
+}
+
+TEST_F(LocaleSelection, laterInitialisationReplacesTheCatalogue) {
+    addLanguage("en.lproj", "Begin");
+    addLanguage("de.lproj", "Starten");
+    ASSERT_TRUE(initialize("en_US"));
+    ASSERT_TRUE(initialize("de_DE"));
+    EXPECT_EQ(translator().tr("Start"), "Starten");
+}
+
+TEST_F(LocaleSelection, failureInsideTheLogPassesOn) {
+    environment.locale = "fr";
+    EXPECT_THROW(Vexora::initializeTranslator(environment, [](const std::string&) { throw 7; }),
+                 int);
+}
+
+TEST_F(LocaleSelection, languageCodeIsTheLoweredFirstTwoBytes) {
+    EXPECT_EQ(languageCode("en_US"), "en");
+    EXPECT_EQ(languageCode("pt_BR"), "pt");
+    EXPECT_EQ(languageCode("de_CH"), "de");
+    EXPECT_EQ(languageCode("EN_GB"), "en");
+    EXPECT_EQ(languageCode("zh-Hans_CN"), "zh");
+    EXPECT_EQ(languageCode("yue_HK"), "yu");
+    EXPECT_EQ(languageCode("x"), "x");
+    EXPECT_EQ(languageCode("X"), "x");
+    EXPECT_EQ(languageCode(""), "");
+}
+
+TEST_F(LocaleSelection, nothingButLettersIsLowered) {
+    EXPECT_EQ(languageCode("@["), "@[");
+    EXPECT_EQ(languageCode("AZ"), "az");
+    EXPECT_EQ(languageCode("az"), "az");
+    EXPECT_EQ(languageCode("0_"), "0_");
+}
+
+TEST_F(LocaleSelection, identifierOutsideAsciiIsCutToTwoBytesAndNotTwoCharacters) {
+    EXPECT_EQ(languageCode("\xC3\xA9"
+                           "a_XX"),
+              "\xC3\xA9");
+    EXPECT_EQ(languageCode("a\xC3\xA9"), "a\xC3");
+    EXPECT_EQ(languageCode("\xE6\xBC\xA2\xE5\xAD\x97"), "\xE6\xBC");
+}
+
+TEST_F(LocaleSelection, directoryIsConcatenatedWithoutAnyCheck) {
+    EXPECT_EQ(Vexora::localeDirectory("/Setup/Resources", "en"), "/Setup/Resources/en.lproj");
+    EXPECT_EQ(Vexora::localeDirectory("/a b/", ""), "/a b//.lproj");
+}
+
+} // namespace

@@ -1,0 +1,125 @@
+#include "Core/ProgressModel.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+namespace {
+
+class ProgressModel : public testing::Test {
+protected:
+    ProgressModel() { model.reset(); }
+
+    Vexora::ProgressModel model;
+};
+
+TEST_F(ProgressModel, resetSetsTheValuesThatHoldBeforeTheFirstTick) {
+    model.base = 7.0;
+    model.exponent = 7.0;
+    model.increment = 7.0;
+    model.successfulInstall = true;
+
+    model.reset();
+
+    EXPECT_EQ(model.base, 2.0);
+    EXPECT_EQ(model.exponent, -5.0);
+    EXPECT_EQ(model.increment, 1.0);
+    EXPECT_FALSE(model.successfulInstall);
+}
+
+TEST_F(ProgressModel, exponentRisesByHalfAStepPerPollAndStopsAtMinusOne) {
+    for (const double expected : {-4.5, -4.0, -3.5, -3.0, -2.5, -2.0, -1.5, -1.0, -1.0, -1.0}) {
+        model.poll(0.0);
+        EXPECT_EQ(model.exponent, expected);
+    }
+}
+
+TEST_F(ProgressModel, exponentAtOrAboveMinusOneIsNotRaised) {
+    for (const double exponent : {-1.0, -0.75, 0.0, 3.0}) {
+        model.exponent = exponent;
+        model.poll(0.0);
+        EXPECT_EQ(model.exponent, exponent);
+    }
+}
+
+TEST_F(ProgressModel, exponentJustBelowMinusOneIsRaisedOnceMore) {
+    model.exponent = -1.25;
+    model.poll(0.0);
+    EXPECT_EQ(model.exponent, -0.75);
+}
+
+TEST_F(ProgressModel, delayIsTwoToThePowerOfEachOfTheNineExponents) {
+    const double root = std::sqrt(2.0);
+    const double delays[] = {1.0 / 32, root / 32, 1.0 / 16, root / 16, 1.0 / 8,
+                             root / 8, 1.0 / 4,   root / 4, 1.0 / 2};
+    for (const double expected : delays) {
+        EXPECT_EQ(model.tickDelay(), std::pow(2.0, model.exponent));
+        EXPECT_DOUBLE_EQ(model.tickDelay(), expected);
+        model.poll(0.0);
+    }
+    EXPECT_EQ(model.tickDelay(), 0.5);
+}
+
+TEST_F(ProgressModel, delayFollowsTheBaseToo) {
+    model.base = 4.0;
+    model.exponent = -0.5;
+    EXPECT_EQ(model.tickDelay(), 0.5);
+}
+
+TEST_F(ProgressModel, barAtNinetyIsFrozen) {
+    model.poll(90.0);
+    EXPECT_EQ(model.increment, 0.0);
+}
+
+TEST_F(ProgressModel, barAboveNinetyIsFrozen) {
+    model.poll(100.0);
+    EXPECT_EQ(model.increment, 0.0);
+}
+
+TEST_F(ProgressModel, barBelowNinetyIsNotFrozen) {
+    model.poll(std::nextafter(90.0, 0.0));
+    EXPECT_EQ(model.increment, 1.0);
+}
+
+TEST_F(ProgressModel, everyPollAtNinetyOrMoreFreezesAgain) {
+    model.poll(91.0);
+    model.increment = 1.0;
+    model.poll(91.0);
+    EXPECT_EQ(model.increment, 0.0);
+}
+
+TEST_F(ProgressModel, frozenBarStaysFrozenWhenItIsFoundLowerAgain) {
+    model.poll(90.0);
+    model.poll(10.0);
+    EXPECT_EQ(model.increment, 0.0);
+}
+
+TEST_F(ProgressModel, pollOfAFrozenBarGoesOnRaisingTheExponent) {
+    model.poll(95.0);
+    EXPECT_EQ(model.exponent, -4.5);
+}
+
+TEST_F(ProgressModel, freezingTouchesNothingButTheIncrement) {
+    model.freeze();
+    EXPECT_EQ(model.increment, 0.0);
+    EXPECT_EQ(model.exponent, -5.0);
+    EXPECT_FALSE(model.successfulInstall);
+}
+
+TEST_F(ProgressModel, finishingRaisesTheIncrementToTenAndTellsTheSuccess) {
+    model.freeze();
+    model.finish();
+    EXPECT_EQ(model.increment, 10.0);
+    EXPECT_TRUE(model.successfulInstall);
+    EXPECT_EQ(model.exponent, -5.0);
+}
+
+TEST_F(ProgressModel, everyMemberIsReadAndWrittenWithoutALock) {
+    EXPECT_TRUE(decltype(model.base)::is_always_lock_free);
+    EXPECT_TRUE(decltype(model.exponent)::is_always_lock_free);
+    EXPECT_TRUE(decltype(model.increment)::is_always_lock_free);
+    EXPECT_TRUE(decltype(model.successfulInstall)::is_always_lock_free);
+}
+
+} // namespace

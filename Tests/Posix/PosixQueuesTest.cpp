@@ -1,0 +1,101 @@
+#include "Platform/Posix/PosixQueues.h"
+
+#include "SignalTimer.h"
+#include "Support/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <latch>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+using TestSupport::SignalTimer;
+using TestSupport::waitFor;
+
+namespace {
+
+using Milliseconds = std::chrono::milliseconds;
+
+Milliseconds timeToSleep(unsigned seconds) {
+    const auto start = std::chrono::steady_clock::now();
+    Vexora::PosixClock().sleep(seconds);
+    return std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
+}
+
+[[noreturn]] void leaveWhileABlockWaits() {
+    const auto running = std::make_shared<std::latch>(1);
+    Vexora::PosixBackgroundQueue().async([running] {
+        running->count_down();
+        std::latch never(1);
+        never.wait();
+    });
+    running->wait();
+    std::exit(0);
+}
+
+void endWithAnException() {
+    Vexora::PosixBackgroundQueue().async([] { throw std::runtime_error("left the block"); });
+    waitFor([] { return false; });
+}
+
+} // namespace
+
+TEST(PosixBackgroundQueue, runsABlockOnAnotherThread) {
+    const auto thread = std::make_shared<std::atomic<std::thread::id>>();
+    Vexora::PosixBackgroundQueue().async([thread] { *thread = std::this_thread::get_id(); });
+    ASSERT_TRUE(waitFor([&] { return thread->load() != std::thread::id(); }));
+    EXPECT_NE(thread->load(), std::this_thread::get_id());
+}
+
+TEST(PosixBackgroundQueue, blocksRunBesideOneAnother) {
+    // Each block waits for the other two.
+    const auto together = std::make_shared<std::latch>(3);
+    const auto ended = std::make_shared<std::atomic<int>>(0);
+    Vexora::PosixBackgroundQueue queue;
+    for (int block = 0; block < 3; ++block) {
+        queue.async([together, ended] {
+            together->arrive_and_wait();
+            ++*ended;
+        });
+    }
+    EXPECT_TRUE(waitFor([&] { return *ended == 3; }));
+}
+
+TEST(PosixBackgroundQueue, aBlockIsReleasedWhenItHasRun) {
+    auto held = std::make_shared<int>(0);
+    const std::weak_ptr<int> watched = held;
+    Vexora::PosixBackgroundQueue().async([held = std::move(held)] {});
+    EXPECT_TRUE(waitFor([&] { return watched.expired(); }));
+}
+
+TEST(PosixBackgroundQueueDeathTest, leavingTheProcessWaitsForNoBlock) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(leaveWhileABlockWaits(), testing::ExitedWithCode(0), "");
+}
+
+TEST(PosixBackgroundQueueDeathTest, anExceptionThatLeavesABlockEndsTheProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(endWithAnException(), testing::KilledBySignal(SIGABRT), "left the block");
+}
+
+TEST(PosixClock, sleepsTheWholeTime) {
+    const Milliseconds time = timeToSleep(1);
+    EXPECT_GE(time, Milliseconds(1000));
+    EXPECT_LT(time, Milliseconds(5000));
+}
+
+TEST(PosixClock, signalsDoNotShortenTheSleep) {
+    const SignalTimer timer;
+    const Milliseconds time = timeToSleep(1);
+    EXPECT_GE(time, Milliseconds(1000));
+    EXPECT_LT(time, Milliseconds(5000));
+    EXPECT_GT(SignalTimer::interruptions, 10);
+}
+
+TEST(PosixClock, noSecondsAreNoSleep) {
+    EXPECT_LT(timeToSleep(0), Milliseconds(1000));
+}

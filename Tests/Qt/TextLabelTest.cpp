@@ -1,0 +1,214 @@
+#include "Platform/Qt/TextLabel.h"
+#include "Platform/Qt/Palette.h"
+#include "Qt/Printing.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace QtTest {
+
+using Vexora::StyledText;
+using Vexora::TextLabel;
+
+class TextLabelTest : public testing::Test {
+protected:
+    void show(const std::string& text) { label.setStyledText(StyledText(text)); }
+
+    /// What the label paints on paper, at a scale.
+    QImage painted(qreal scale = 1.0) {
+        QImage image(label.size() * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Vexora::Palette::paper);
+        label.render(&image, {}, {}, QWidget::RenderFlags());
+        return image;
+    }
+
+    /// The smallest rectangle that holds everything painted.
+    static QRect inked(const QImage& image) {
+        QRect inked;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) != Vexora::Palette::paper) {
+                    inked |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        return inked;
+    }
+
+    void fitTo(int width) { label.resize(width, label.heightForWidth(width)); }
+
+    TextLabel label;
+};
+
+TEST_F(TextLabelTest, takesTheTextAsItIs) {
+    show("Fish & <b>Chips</b> &amp; 100%");
+    EXPECT_EQ(label.text(), "Fish & <b>Chips</b> &amp; 100%");
+    EXPECT_TRUE(label.formats().isEmpty());
+}
+
+TEST_F(TextLabelTest, paintsAnAmpersandAsAnyOtherSign) {
+    const QFontMetrics metrics(label.font());
+    show("&");
+    const int one = label.sizeHint().width();
+    show("&&");
+    EXPECT_EQ(label.sizeHint().width() - one, metrics.horizontalAdvance("&"));
+}
+
+TEST_F(TextLabelTest, anEmptyTextKeepsTheHeightOfALine) {
+    show("");
+    EXPECT_EQ(label.text(), "");
+    EXPECT_GE(label.heightForWidth(100), label.fontMetrics().height());
+    fitTo(100);
+    EXPECT_TRUE(inked(painted()).isEmpty());
+}
+
+TEST_F(TextLabelTest, aLineEndBeginsANewLine) {
+    show("one");
+    const int one = label.sizeHint().height();
+    const int width = label.sizeHint().width();
+    show("one\none");
+    EXPECT_GE(label.sizeHint().height(), one + label.fontMetrics().height());
+    EXPECT_EQ(label.sizeHint().width(), width);
+}
+
+TEST_F(TextLabelTest, wrapsAtWords) {
+    show("several words that do not fit on one line of the label");
+    const int line = label.heightForWidth(2000);
+    EXPECT_GE(label.heightForWidth(150), line + 2 * label.fontMetrics().height());
+    fitTo(150);
+    EXPECT_TRUE(label.rect().contains(inked(painted())));
+}
+
+TEST_F(TextLabelTest, wrapsInsideAWordThatIsTooLong) {
+    show(std::string(300, 'W'));
+    EXPECT_GT(label.heightForWidth(100), 10 * label.fontMetrics().height());
+    fitTo(100);
+    const QRect place = inked(painted());
+    EXPECT_GE(place.left(), 0);
+    EXPECT_LE(place.right(), 100);
+}
+
+TEST_F(TextLabelTest, laysOutTenThousandCharacters) {
+    std::string text;
+    while (text.size() < 10000) {
+        text += "many words ";
+    }
+    text.resize(10000);
+    show(text);
+    EXPECT_EQ(label.text().size(), 10000);
+    const int height = label.heightForWidth(400);
+    EXPECT_GT(height, 50 * label.fontMetrics().height());
+    fitTo(400);
+    const QRect place = inked(painted());
+    EXPECT_GT(place.height(), height * 9 / 10);
+    EXPECT_TRUE(label.rect().contains(place));
+}
+
+TEST_F(TextLabelTest, isHighEnoughForItsTallestRun) {
+    StyledText text("small ");
+    text.append({"large", Vexora::Font{"QuillaSans-SemiBold", 40.0}, {}});
+    label.setStyledText(text);
+    EXPECT_GT(label.heightForWidth(1000), label.fontMetrics().height() * 2);
+}
+
+TEST_F(TextLabelTest, paintsRunsInTheirColours) {
+    StyledText text("plain ");
+    text.append({"red", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
+    label.setStyledText(text);
+    fitTo(300);
+    const QImage image = painted();
+    bool red = false;
+    bool ink = false;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            red = red || (color.red() > 200 && color.green() < 120);
+            ink = ink || (color.red() < 80 && color.green() < 80);
+        }
+    }
+    EXPECT_TRUE(red);
+    EXPECT_TRUE(ink);
+}
+
+TEST_F(TextLabelTest, centresWhenTheTextSaysSo) {
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    StyledText text("word");
+    text.setAlignment(Vexora::TextAlignment::Center);
+    label.setStyledText(text);
+    fitTo(400);
+    EXPECT_NEAR(inked(painted()).center().x(), 200, 4);
+    EXPECT_EQ(label.lineAlignment(), Qt::AlignHCenter);
+}
+
+TEST_F(TextLabelTest, beginsAtTheLeadingEdgeOtherwise) {
+    show("word");
+    fitTo(400);
+    EXPECT_LT(inked(painted()).right(), 200);
+    label.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_GT(inked(painted()).left(), 200);
+}
+
+TEST_F(TextLabelTest, ordersMixedTextByTheLayoutDirection) {
+    StyledText text("بدء ");
+    text.append({"Start", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
+    label.setStyledText(text);
+    label.setLayoutDirection(Qt::RightToLeft);
+    fitTo(300);
+    const QImage image = painted();
+    int reddest = -1;
+    for (int x = 0; x < image.width() && reddest < 0; ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.red() > 200 && color.green() < 120) {
+                reddest = x;
+            }
+        }
+    }
+    EXPECT_NEAR(reddest, inked(image).left(), 3);
+}
+
+TEST_F(TextLabelTest, isSharpAtTwiceTheScale) {
+    show("Sharp text");
+    fitTo(200);
+    const QImage once = painted(1.0);
+    const QImage twice = painted(2.0);
+    EXPECT_FALSE(inked(once).isEmpty());
+    EXPECT_FALSE(inked(twice).isEmpty());
+    EXPECT_NEAR(inked(twice).width(), inked(once).width() * 2, 6);
+    const QImage enlarged =
+        once.scaled(twice.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    EXPECT_NE(twice.convertToFormat(QImage::Format_RGB32),
+              enlarged.convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(TextLabelTest, namesItsBuddy) {
+    QWidget field;
+    label.setBuddy(&field);
+    show("Name & more");
+    EXPECT_EQ(field.accessibleName(), "Name & more");
+    show("Other");
+    EXPECT_EQ(field.accessibleName(), "Other");
+}
+
+TEST_F(TextLabelTest, aHandlerThatReplacesTheTextIsCalledOnce) {
+    int clicks = 0;
+    label.setClickHandler([&] {
+        ++clicks;
+        show("after");
+    });
+    label.click();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(label.text(), "after");
+}
+
+TEST_F(TextLabelTest, takesTheFocusOnlyWithAHandler) {
+    EXPECT_EQ(label.focusPolicy(), Qt::NoFocus);
+    label.click();
+    label.setClickHandler([] {});
+    EXPECT_EQ(label.focusPolicy(), Qt::StrongFocus);
+}
+
+} // namespace QtTest

@@ -1,0 +1,143 @@
+#include "Platform/InterfaceController.h"
+
+#include "Support/RecordingPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+using TestSupport::ElementKind;
+using TestSupport::Lines;
+using Vexora::Button;
+using Vexora::ProgressIndicator;
+using Vexora::ScrollView;
+using Vexora::TextField;
+
+namespace {
+
+class Controller : public Vexora::InterfaceController {
+public:
+    explicit Controller(Vexora::Platform& platform)
+        : Vexora::InterfaceController(platform, "Sample") {}
+
+    int loads = 0;
+    Lines performed;
+
+protected:
+    void viewDidLoad() override {
+        ++loads;
+        EXPECT_TRUE(isViewLoaded());
+        EXPECT_NE(view(), nullptr);
+        EXPECT_EQ(loads, 1);
+    }
+    void performAction(const std::string& action) override { performed.push_back(action); }
+};
+
+class InterfaceController : public testing::Test {
+protected:
+    InterfaceController() {
+        platform.interfaces.definitions["Sample"] = {
+            {{"label", ElementKind::Text}, {"button", ElementKind::Button}},
+            {{"act", "button"}},
+            false};
+    }
+
+    TestSupport::RecordingPlatform platform;
+    std::shared_ptr<Controller> controller = std::make_shared<Controller>(platform.seam);
+};
+
+TEST_F(InterfaceController, nothingIsLoadedBeforeTheViewIsAskedFor) {
+    EXPECT_FALSE(controller->isViewLoaded());
+    EXPECT_EQ(platform.calls.lines(), Lines{});
+    EXPECT_EQ(controller->loads, 0);
+}
+
+TEST_F(InterfaceController, viewIsLoadedOnceAndThenAlwaysTheSame) {
+    const auto view = controller->view();
+    EXPECT_EQ(controller->view(), view);
+    EXPECT_EQ(view, platform.interfaces.view("view(Sample)"));
+    EXPECT_EQ(controller->loads, 1);
+    EXPECT_EQ(platform.calls.count("load Sample"), 1U);
+}
+
+TEST_F(InterfaceController, outletIsTheViewThatTheDefinitionNames) {
+    controller->view();
+    EXPECT_EQ(controller->outlet<TextField>("label"), platform.interfaces.view("label"));
+    EXPECT_EQ(controller->outlet<Vexora::View>("button"), platform.interfaces.view("button"));
+}
+
+TEST_F(InterfaceController, missingOutletTakesEveryCallAndShowsNothing) {
+    controller->view();
+    platform.calls.clear();
+    controller->outlet<TextField>("missing")->setStringValue("text");
+    controller->outlet<Button>("missing")->setTitle("title");
+    controller->outlet<ProgressIndicator>("missing")->incrementBy(1.0);
+    controller->outlet<ScrollView>("missing")->setDocumentView(nullptr);
+    controller->outlet<Vexora::View>("missing")->onClick([] {});
+    EXPECT_EQ(platform.calls.lines(), Lines{});
+}
+
+TEST_F(InterfaceController, missingOutletKeepsNothingFromOneCallToTheNext) {
+    controller->view();
+    controller->outlet<TextField>("missing")->setStringValue("text");
+    EXPECT_EQ(controller->outlet<TextField>("missing")->stringValue(), "");
+}
+
+TEST_F(InterfaceController, outletOfAnotherKindCountsAsMissing) {
+    controller->view();
+    controller->outlet<Button>("label")->setTitle("title");
+    EXPECT_EQ(platform.calls.beginningWith("label."), Lines{});
+    EXPECT_NE(controller->outlet<Button>("label"), platform.interfaces.view("label"));
+}
+
+TEST_F(InterfaceController, outletBeforeLoadingIsAStandInAndLoadsNothing) {
+    controller->outlet<TextField>("label")->setStringValue("early");
+    EXPECT_FALSE(controller->isViewLoaded());
+    controller->view();
+    EXPECT_EQ(controller->outlet<TextField>("label")->stringValue(), "");
+}
+
+TEST_F(InterfaceController, controlPerformsTheActionThatItsDefinitionNames) {
+    controller->view();
+    platform.interfaces.view("button")->click();
+    platform.interfaces.view("button")->click();
+    platform.interfaces.view("label")->click();
+    EXPECT_EQ(controller->performed, (Lines{"act", "act"}));
+}
+
+TEST_F(InterfaceController, nameWithoutADefinitionGivesAnEmptyView) {
+    Vexora::InterfaceController unnamed(platform.seam, "Nowhere");
+    ASSERT_NE(unnamed.view(), nullptr);
+    EXPECT_TRUE(unnamed.view()->subviews().empty());
+}
+
+TEST_F(InterfaceController, childrenKeepTheirOrderAndKnowTheirParent) {
+    const auto first = std::make_shared<Controller>(platform.seam);
+    const auto second = std::make_shared<Controller>(platform.seam);
+    controller->addChildViewController(first);
+    controller->addChildViewController(second);
+    ASSERT_EQ(controller->childViewControllers().size(), 2U);
+    EXPECT_EQ(controller->childViewControllers()[0], first);
+    EXPECT_EQ(controller->childViewControllers()[1], second);
+    EXPECT_EQ(first->parentViewController(), controller.get());
+    EXPECT_EQ(second->parentViewController(), controller.get());
+    EXPECT_EQ(controller->parentViewController(), nullptr);
+}
+
+TEST_F(InterfaceController, addingAChildLoadsNoView) {
+    const auto child = std::make_shared<Controller>(platform.seam);
+    controller->addChildViewController(child);
+    EXPECT_FALSE(child->isViewLoaded());
+    EXPECT_FALSE(controller->isViewLoaded());
+}
+
+TEST_F(InterfaceController, childThatOutlivesItsParentHasNone) {
+    const auto child = std::make_shared<Controller>(platform.seam);
+    controller->addChildViewController(child);
+    controller.reset();
+    EXPECT_EQ(child->parentViewController(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,173 @@
+// An implementation of the whole seam that paints nothing: it writes every call into one list, in
+// order, and can fail, hang, refuse or return any status. Time is virtual.
+#pragma once
+
+#include "Platform/Platform.h"
+#include "Support/CallLog.h"
+#include "Support/MemoryFiles.h"
+#include "Support/RecordingViews.h"
+#include "Support/VirtualTime.h"
+
+#include <deque>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace TestSupport {
+
+class RecordingWindow : public Vexora::Window {
+public:
+    RecordingWindow(CallLog& calls, std::size_t index);
+
+    void setTitle(const std::string& title) override;
+    void center() override;
+
+    std::string title;
+
+private:
+    CallLog& calls_;
+    std::string name_;
+};
+
+/// An application with two windows, of which the first is the main window.
+class RecordingApplication : public Vexora::Application {
+public:
+    RecordingApplication(CallLog& calls, VirtualTime& time);
+
+    std::vector<Vexora::Window*> windows() override;
+    void activateIgnoringOtherApps() override;
+    void onWindowWillClose(std::function<void()> handler) override;
+    void setLanguage(const std::string& languageCode) override;
+
+    /// Records the status, and nothing after it; the virtual time ends too.
+    void exit(int status) override;
+
+    /// What the desktop does when the user closes a window.
+    void closeWindow(std::size_t index);
+
+    std::vector<std::unique_ptr<RecordingWindow>> ownedWindows;
+
+private:
+    CallLog& calls_;
+    VirtualTime& time_;
+    std::function<void()> closeHandler_;
+};
+
+/// How a started program behaves.
+struct Script {
+    /// How often it is found running before it has ended.
+    unsigned polls = 0;
+    std::int32_t status = 0;
+    /// Written into its output file when it starts.
+    std::string output = {};
+};
+
+/// A program that never ends.
+inline constexpr unsigned endless = std::numeric_limits<unsigned>::max();
+
+class ScriptedLauncher : public Vexora::ProcessLauncher {
+public:
+    explicit ScriptedLauncher(CallLog& calls) : calls_(calls) {}
+
+    std::unique_ptr<Vexora::Process> launch(const std::string& launchPath,
+                                            const std::vector<std::string>& arguments,
+                                            const Vexora::FileHandle* output) override;
+
+    /// What was started.
+    struct Launch {
+        std::string path;
+        std::vector<std::string> arguments;
+        /// The path of the output file, or nothing when the streams stay ours.
+        std::optional<std::string> output;
+    };
+
+    std::vector<Launch> launches;
+    /// One script for each program, in the order of starting; without one it ends at once with 0.
+    std::deque<Script> scripts;
+    /// The reason for which nothing can be started.
+    std::optional<std::errc> refusal;
+
+private:
+    CallLog& calls_;
+};
+
+class RecordingEnvironment : public Vexora::Environment {
+public:
+    std::string homeDirectory() override { return home; }
+    std::string resourcePath() override { return resources; }
+    std::string localeIdentifier() override { return locale; }
+
+    std::string home = "/Users/ann";
+    std::string resources = "/Setup/Resources";
+    std::string locale = "en_US";
+};
+
+class RecordingAdministratorScript : public Vexora::AdministratorScript {
+public:
+    RecordingAdministratorScript(CallLog& calls, VirtualTime& time) : calls_(calls), time_(time) {}
+
+    bool execute(const std::string& source) override;
+
+    bool succeeds = true;
+    /// How long the password prompt is up; the main queue works meanwhile.
+    double promptSeconds = 0.0;
+    /// Every source that was run.
+    std::vector<std::string> sources;
+
+private:
+    CallLog& calls_;
+    VirtualTime& time_;
+};
+
+class RecordingWorkspace : public Vexora::Workspace {
+public:
+    explicit RecordingWorkspace(CallLog& calls) : calls_(calls) {}
+
+    void selectFile(const std::string& path) override { calls_.add("selectFile " + path); }
+    void openUrl(const std::string& address) override { calls_.add("openUrl " + address); }
+
+private:
+    CallLog& calls_;
+};
+
+class RecordingSystemLog : public Vexora::SystemLog {
+public:
+    explicit RecordingSystemLog(CallLog& calls) : calls_(calls) {}
+
+    void log(const std::string& line) override { calls_.add("log: " + line); }
+
+private:
+    CallLog& calls_;
+};
+
+/// All parts together. The order of the members is the order of their construction.
+struct RecordingPlatform {
+    RecordingPlatform() = default;
+    RecordingPlatform(const RecordingPlatform&) = delete;
+    RecordingPlatform& operator=(const RecordingPlatform&) = delete;
+
+    CallLog calls;
+    VirtualTime time;
+    RecordingApplication application{calls, time};
+    RecordingInterfaces interfaces{calls};
+    ManualMainQueue mainQueue{calls, time};
+    ManualBackgroundQueue backgroundQueue{calls};
+    ManualClock clock{calls, time};
+    MemoryFiles files{calls};
+    ScriptedLauncher processes{calls};
+    RecordingEnvironment environment;
+    RecordingAdministratorScript administratorScript{calls, time};
+    RecordingWorkspace workspace{calls};
+    RecordingSystemLog systemLog{calls};
+
+    /// What the application gets to see.
+    Vexora::Platform seam{application, interfaces, mainQueue,   backgroundQueue,     clock,
+                          files,       processes,  environment, administratorScript, workspace,
+                          systemLog};
+};
+
+} // namespace TestSupport

@@ -11,7 +11,8 @@
 
 namespace Vexora {
 
-/// A program that was started. Destroying it neither ends nor awaits the program.
+/// A program that was started, for one thread at a time. Destroying it neither ends nor awaits the
+/// program.
 class Process {
 public:
     virtual ~Process() = default;
@@ -19,8 +20,8 @@ public:
     /// True until the program has ended.
     virtual bool isRunning() = 0;
 
-    /// The exit status (0 to 255), or the number of the signal that ended the program. Valid once
-    /// it has ended.
+    /// The exit status (0 to 255), or the number of the signal that ended the program; -1 while it
+    /// runs and when its status is lost.
     virtual std::int32_t terminationStatus() = 0;
 };
 

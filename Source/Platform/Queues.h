@@ -25,6 +25,7 @@ public:
     virtual ~BackgroundQueue() = default;
 
     /// Runs the block on another thread. An exception that leaves it ends the process.
+    /// \throws std::system_error when the system has no thread left.
     virtual void async(std::function<void()> block) = 0;
 };
 

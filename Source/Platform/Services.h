@@ -11,10 +11,11 @@ class Environment {
 public:
     virtual ~Environment() = default;
 
-    /// The user's home directory, without a trailing slash.
+    /// The user's home directory, without a trailing slash; empty when that is the root folder.
     virtual std::string homeDirectory() = 0;
 
     /// The absolute path of the resource directory, without a trailing slash.
+    /// \throws std::system_error when the system does not tell where the program lies.
     virtual std::string resourcePath() = 0;
 
     /// The identifier of the current locale, such as "en_US"; may be shorter than two characters.

@@ -2,6 +2,7 @@
 
 #include "Platform/Qt/Conversions.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -14,6 +15,15 @@
 #include <cstdlib>
 
 namespace Vexora {
+namespace {
+
+/// To assistive tools a plain widget is no window.
+QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
+    auto* window = qobject_cast<QtWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+}
+
+} // namespace
 
 void QtWindow::setContent(QWidget* content) {
     auto* layout = new QVBoxLayout(this);
@@ -74,6 +84,7 @@ QPushButton* QtWindow::buttonForReturn() const {
 
 QtApplication::QtApplication() {
     qApp->installEventFilter(this);
+    QAccessible::installFactory(makeWindowAccessible);
 }
 
 void QtApplication::activateIgnoringOtherApps() {

@@ -90,6 +90,18 @@ void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
     painter.restore();
 }
 
+void drawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(option.state.testFlag(QStyle::State_Sunken) ? Palette::blue
+                                                                 : Palette::outline);
+    const QRectF knob = QRectF(slider).adjusted(3.0, 3.0, -3.0, -3.0);
+    const qreal radius = qMin(knob.width(), knob.height()) / 2;
+    painter.drawRoundedRect(knob, radius, radius);
+    painter.restore();
+}
+
 } // namespace
 
 PaperStyle::PaperStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -148,6 +160,47 @@ void PaperStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void PaperStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && slider != nullptr) {
+        const QRect knob = subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget);
+        drawScrollBar(*slider, knob, *painter);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect PaperStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl part, const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || bar == nullptr || bar->orientation != Qt::Vertical) {
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+    // No arrows: the knob has the whole length to itself.
+    const int length = bar->rect.height();
+    const int steps = bar->maximum - bar->minimum;
+    const int whole = qMax(1, steps + bar->pageStep);
+    const int knob = qBound(qMin(32, length), length * bar->pageStep / whole, length);
+    const int offset = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                               length - knob, bar->upsideDown);
+    const int left = bar->rect.left();
+    const int top = bar->rect.top();
+    const int width = bar->rect.width();
+    switch (part) {
+    case SC_ScrollBarGroove:
+        return bar->rect;
+    case SC_ScrollBarSlider:
+        return {left, top + offset, width, knob};
+    case SC_ScrollBarSubPage:
+        return {left, top, width, offset};
+    case SC_ScrollBarAddPage:
+        return {left, top + offset + knob, width, length - offset - knob};
+    default:
+        return {};
+    }
 }
 
 QSize PaperStyle::sizeFromContents(ContentsType type, const QStyleOption* option,

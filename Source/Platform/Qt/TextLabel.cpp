@@ -20,6 +20,20 @@ constexpr int padding = 4;
 /// A width that no line reaches, in pixels.
 constexpr qreal unlimited = 1e6;
 
+/// Breaks a prepared text into lines of that width; the result is the size that they take.
+QSizeF setLines(QTextLayout& layout, qreal width) {
+    QSizeF size(0.0, 0.0);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0.0, size.height()});
+        size.setHeight(size.height() + line.height());
+        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
+    }
+    layout.endLayout();
+    return size;
+}
+
 } // namespace
 
 TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
@@ -35,7 +49,10 @@ void TextLabel::setStyledText(const StyledText& text) {
     setFocusPolicy(Qt::NoFocus);
     QLabel::setText(toQString(text.string()));
     setFocusPolicy(policy);
-    for (QWidget* named = buddy(); named != nullptr; named = named->focusProxy()) {
+    if (QWidget* named = buddy()) {
+        while (named->focusProxy() != nullptr) {
+            named = named->focusProxy();
+        }
         named->setAccessibleName(QLabel::text());
     }
     updateGeometry();
@@ -61,7 +78,7 @@ void TextLabel::click() {
     }
 }
 
-QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
+void TextLabel::prepare(QTextLayout& layout) const {
     QString text = QLabel::text();
     text.replace('\n', QChar::LineSeparator);
     QTextOption option(lineAlignment());
@@ -71,15 +88,29 @@ QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
     layout.setFont(font());
     layout.setFormats(formats_);
     layout.setTextOption(option);
-    layout.beginLayout();
-    QSizeF size;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        line.setPosition({0.0, size.height()});
-        size.setHeight(size.height() + line.height());
-        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
+}
+
+QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
+    prepare(layout);
+    QSizeF size = setLines(layout, width);
+    if (lineAlignment() != Qt::AlignHCenter || layout.lineCount() < 2) {
+        return size;
     }
-    layout.endLayout();
+    // Centred lines of like length: the narrowest width that takes no further line, then centred as
+    // a whole.
+    const int lines = layout.lineCount();
+    qreal tooNarrow = layout.minimumWidth() - 1.0;
+    qreal wideEnough = width;
+    while (wideEnough - tooNarrow > 1.0) {
+        const qreal middle = (tooNarrow + wideEnough) / 2;
+        setLines(layout, middle);
+        (layout.lineCount() > lines ? tooNarrow : wideEnough) = middle;
+    }
+    size = setLines(layout, wideEnough);
+    for (int line = 0; line < layout.lineCount(); ++line) {
+        QTextLine moved = layout.lineAt(line);
+        moved.setPosition(moved.position() + QPointF((width - wideEnough) / 2, 0.0));
+    }
     return size;
 }
 
@@ -120,14 +151,11 @@ void TextLabel::paintEvent(QPaintEvent*) {
     if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Palette::blue, 2.0));
-        const QRectF text = layout.boundingRect();
-        QRectF ring(inside.left(), top, text.width(), size.height());
-        qreal left = inside.right();
+        QRectF ring(inside.center(), QSizeF());
         for (int line = 0; line < layout.lineCount(); ++line) {
-            left = qMin(left, inside.left() + layout.lineAt(line).naturalTextRect().left());
+            const QRectF text = layout.lineAt(line).naturalTextRect().translated(origin);
+            ring = line == 0 ? text : ring.united(text);
         }
-        ring.moveLeft(left);
-        ring.setWidth(size.width());
         painter.drawRoundedRect(ring.adjusted(-3.0, -2.0, 3.0, 2.0), 4.0, 4.0);
     }
 }

@@ -42,6 +42,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Hands the text, its formats and its options to a layout.
+    void prepare(QTextLayout& layout) const;
+
     /// Sets the text in lines of that width; the result is the size that they take.
     QSizeF layOut(QTextLayout& layout, qreal width) const;
 

@@ -156,6 +156,7 @@ void QtScrollView::applyDocumentView() {
         widget()->layout()->addWidget(text->edit());
         widget()->setFocusProxy(text->edit());
         text->edit()->setAccessibleName(widget()->accessibleName());
+        widget()->setAccessibleName({});
         text->edit()->setProperty("initialFocus", widget()->property("initialFocus"));
         widget()->setProperty("initialFocus", QVariant());
     }

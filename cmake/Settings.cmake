@@ -19,7 +19,7 @@ option(VEXORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 
 set(VEXORA_TROUBLESHOOTING_URL "https://support.ondrel-vexora.example/lumiq/troubleshooting"
     CACHE STRING "Address of the troubleshooting page; must be an https address")
-if(NOT VEXORA_TROUBLESHOOTING_URL MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ \"\\]*)?$")
+if(NOT VEXORA_TROUBLESHOOTING_URL MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ ;\"\\]*)?$")
   message(FATAL_ERROR
     "VEXORA_TROUBLESHOOTING_URL must be an https address without blanks or quotes, "
     "but is \"${VEXORA_TROUBLESHOOTING_URL}\".")

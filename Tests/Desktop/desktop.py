@@ -16,6 +16,7 @@ from gi.repository import GLib
 DEADLINE = 20.0
 SCREEN = "1024x768x24"
 ACCESSIBILITY_BUS = "/usr/libexec/at-spi-bus-launcher"
+SUPPRESSIONS = Path(__file__).parent.parent / "Support" / "lsan.supp"
 
 # No services are offered beside those that a test puts there. Any user may connect, because the tests
 # may run as another user than the desktop.
@@ -139,9 +140,13 @@ class Desktop:
         for name in ("home", "runtime"):
             (self.folder / name).mkdir(mode=0o700)
             self.give(self.folder / name)
+        # A program under the leak sanitizer reads this as whichever user it runs.
+        suppressions = shutil.copy(SUPPRESSIONS, self.folder)
+        os.chmod(suppressions, 0o644)
         self.environment = {
             "HOME": str(self.folder / "home"),
             "LANG": "C.UTF-8",
+            "LSAN_OPTIONS": f"suppressions={suppressions}:print_suppressions=0",
             "PATH": "/usr/bin:/bin",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
             "QT_QPA_PLATFORM": "xcb",

@@ -45,6 +45,8 @@ def rule(desktop: Desktop, program: Path, answer):
     }}
 }});
 """
+    # A run that was killed may have left its rule behind.
+    _as_root("sh", "-c", "rm -f /etc/polkit-1/rules.d/00-vexora-desktop-*.rules")
     try:
         _as_root("tee", path, input=text.encode(), stdout=subprocess.DEVNULL)
         _as_root("chmod", "644", path)

@@ -35,6 +35,19 @@ class FoldersTest(DesktopTestCase):
         self.check(self.launch(stage, "de_DE.UTF-8"))
 
 
+class ArgumentsTest(DesktopTestCase):
+    """There are no options, the toolkit's own included."""
+
+    def test_arguments_change_nothing(self):
+        stage = self.stage("exit 0")
+        wrapper = stage.folder / "with-arguments"
+        wrapper.write_text(f'#!/bin/sh\nexec "{stage.program}" -title Other -platform nothing\n')
+        wrapper.chmod(0o755)
+        stage.program = wrapper
+        installer = self.launch(stage)
+        self.assertEqual(installer.window.name, installer.text("Ondrel Vexora Lumiq Setup"))
+
+
 class MissingResourcesTest(DesktopTestCase):
     """A missing file costs its own text and nothing more."""
 

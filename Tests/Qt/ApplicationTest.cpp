@@ -69,6 +69,16 @@ TEST_F(Application, isCentredAndInFrontAfterLaunching) {
     EXPECT_TRUE(window().isActiveWindow());
 }
 
+TEST_F(Application, titleBarStaysOnAScreenThatIsTooSmall) {
+    openWindow();
+    const QRect available = window().screen()->availableGeometry();
+    window().resize(available.width(), available.height() + 200);
+    settle();
+    application.windows().front()->center();
+    settle();
+    EXPECT_GE(window().frameGeometry().top(), available.top());
+}
+
 TEST_F(Application, setsTheTitleAsItIs) {
     application.windows().front()->setTitle("Größe & <b>ホーム</b>");
     EXPECT_EQ(window().windowTitle(), "Größe & <b>ホーム</b>");

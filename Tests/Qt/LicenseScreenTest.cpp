@@ -142,6 +142,19 @@ TEST_P(LicenseScreen, keysAndWheelScroll) {
     EXPECT_GT(text().verticalScrollBar()->value(), afterKey);
 }
 
+TEST_P(LicenseScreen, arrowsAndEndKeysScroll) {
+    enter(State::LicenseOnStart);
+    const QScrollBar& bar = *text().verticalScrollBar();
+    press(Qt::Key_Down);
+    EXPECT_GT(bar.value(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    press(Qt::Key_Up);
+    EXPECT_LT(bar.value(), bar.maximum());
+    press(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+}
+
 TEST_P(LicenseScreen, keepsItsPlaceWhenOpenedAgain) {
     enter(State::LicenseOnStart);
     press(Qt::Key_PageDown);

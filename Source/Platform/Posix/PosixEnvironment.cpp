@@ -56,7 +56,7 @@ std::string executablePath() {
 #else
 
 std::string executablePath() {
-    // The system tells no longer path here.
+    // The system gives paths of at most this length.
     std::string path(4096, '\0');
     const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
     if (length < 0) {

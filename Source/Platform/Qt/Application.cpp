@@ -28,9 +28,11 @@ QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
 void QtWindow::setContent(QWidget* content) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
+    const QSize size = content->size();
     layout->addWidget(content);
-    resize(content->size());
-    setMinimumWidth(content->width());
+    setMinimumWidth(size.width());
+    // A screen may be too small for the whole of it, and the frame takes some room of its own.
+    resize(size.boundedTo(screen()->availableGeometry().size() - QSize(0, 40)));
     const auto widgets = content->findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
         if (widget->property("initialFocus").toBool() && widget->isVisibleTo(content)) {
@@ -45,8 +47,11 @@ void QtWindow::setTitle(const std::string& title) {
 
 void QtWindow::center() {
     if (const QScreen* screen = this->screen()) {
+        const QRect available = screen->availableGeometry();
         QRect frame = frameGeometry();
-        frame.moveCenter(screen->availableGeometry().center());
+        frame.moveCenter(available.center());
+        // The title bar stays in reach even when the screen is too small for the window.
+        frame.moveTop(qMax(frame.top(), available.top()));
         move(frame.topLeft());
     }
 }

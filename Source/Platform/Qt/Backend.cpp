@@ -23,7 +23,7 @@ namespace {
 
 /// The desktop as the program shows itself on it.
 struct Desktop {
-    Desktop(int& argc, char** argv, const QString& resources) : toolkit(argc, argv) {
+    Desktop(char** argv, const QString& resources) : toolkit(argumentCount, argv) {
         QApplication::setStyle(new PaperStyle);
         QApplication::setPalette(PaperStyle::paperPalette());
         QApplication::setDesktopFileName("vexora-one-click-installer");
@@ -37,14 +37,16 @@ struct Desktop {
         installTextLabelAccessibility();
     }
 
+    /// The program's name alone: the toolkit would take options.
+    int argumentCount = 1;
     QApplication toolkit;
 };
 
 } // namespace
 
 struct Backend::Parts {
-    Parts(int& argc, char** argv)
-        : desktop(argc, argv, toQString(environment.resourcePath())), interfaces(environment),
+    explicit Parts(char** argv)
+        : desktop(argv, toQString(environment.resourcePath())), interfaces(environment),
           administratorScript(processes, files) {}
 
     PosixEnvironment environment;
@@ -64,7 +66,7 @@ struct Backend::Parts {
                       systemLog};
 };
 
-Backend::Backend(int& argc, char** argv) : parts_(std::make_unique<Parts>(argc, argv)) {}
+Backend::Backend(char** argv) : parts_(std::make_unique<Parts>(argv)) {}
 
 Backend::~Backend() = default;
 

@@ -12,7 +12,8 @@ namespace Vexora {
 class Backend {
 public:
     /// Connects to the desktop. Without one the process ends with the toolkit's message.
-    Backend(int& argc, char** argv);
+    /// \param argv the program's arguments, of which only the name counts; outlives the backend.
+    explicit Backend(char** argv);
     ~Backend();
 
     Platform& platform();

@@ -17,13 +17,17 @@ QPixmap readPicture(const QString& path) {
 }
 
 void Picture::loadFrom(const QString& folder) {
-    const QString scale = devicePixelRatioF() > 1.0 ? QStringLiteral("@2x") : QString();
-    pixmap_ = readPicture(folder + '/' + property("imageName").toString() + scale +
-                          QStringLiteral(".png"));
+    path_ = folder + '/' + property("imageName").toString();
+    pixmap_ = {};
     update();
 }
 
 void Picture::paintEvent(QPaintEvent*) {
+    const bool dense = devicePixelRatioF() > 1.0;
+    if (pixmap_.isNull() || dense != dense_) {
+        dense_ = dense;
+        pixmap_ = readPicture(path_ + (dense ? "@2x.png" : ".png"));
+    }
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), pixmap_);

@@ -16,15 +16,17 @@ class Picture : public QWidget {
 public:
     explicit Picture(QWidget* parent = nullptr) : QWidget(parent) {}
 
-    /// Shows the picture `<imageName>.png` of that folder, or `<imageName>@2x.png` on a dense
-    /// screen.
+    /// Shows the picture `<imageName>.png` of that folder, or `<imageName>@2x.png` while the
+    /// window is on a dense screen.
     void loadFrom(const QString& folder);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString path_;
     QPixmap pixmap_;
+    bool dense_ = false;
 };
 
 } // namespace Vexora

@@ -125,10 +125,6 @@ void QtTextView::applyString() {
 
 void QtTextView::applyEditable() {
     edit()->setReadOnly(!isEditable());
-    edit()->setCursorWidth(isEditable() ? 1 : 0);
-    edit()->setTextInteractionFlags(isEditable()
-                                        ? Qt::TextEditorInteraction
-                                        : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
 void QtTextView::applyContainerSize() {

@@ -7,6 +7,7 @@
 #include "kvparser.h"
 #include "tr.h"
 
+#include "Support/MessageIdentifiers.h"
 #include "Support/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -46,27 +47,8 @@ constexpr int supply = repetitions * loadsPerRepetition;
 constexpr const char* argumentPart = " (%d %%)";
 constexpr std::size_t bufferSize = 1000;
 
-const std::vector<std::string> identifiers = {
-    "A system-wide installation already exists. Removing or upgrading requires "
-    "administrator-level access.",
-    "Ondrel Vexora Lumiq is already up to date.",
-    "A newer version of Ondrel Vexora Lumiq is installed on your system. Installation terminated.",
-    "Pre-installation steps failed.",
-    "Failed to extract Ondrel Vexora Lumiq.",
-    "Failed to copy Ondrel Vexora Lumiq Web plugin.",
-    "Post-installation steps failed.",
-    "Open logs",
-    "Ondrel Vexora Lumiq Setup",
-    "By installing, you agree to the Ondrel Vexora <a>license agreement</a>.",
-    "To install Ondrel Vexora Lumiq, click <b>Start</b>.",
-    "Start",
-    "License Agreement",
-    "Go back",
-    "Installing <b>Ondrel Vexora Lumiq</b>...",
-    "Installation completed!",
-    "Close",
-    "Installation failed",
-};
+const std::vector<std::string> identifiers(TestSupport::messageIdentifiers.begin(),
+                                           TestSupport::messageIdentifiers.end());
 
 using Texts = std::map<std::string, std::string>;
 

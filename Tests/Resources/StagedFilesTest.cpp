@@ -1,9 +1,9 @@
+#include "FileBytes.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -11,17 +11,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string readFile(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        throw std::runtime_error("cannot open " + file.string());
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::uint32_t byteAt(const std::string& bytes, std::size_t index) {
-    return static_cast<unsigned char>(bytes.at(index));
-}
 
 // Width and height that a PNG file states in its header.
 std::pair<std::uint32_t, std::uint32_t> pngSize(const std::string& bytes) {

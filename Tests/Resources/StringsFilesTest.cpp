@@ -1,6 +1,7 @@
+#include "Support/MessageIdentifiers.h"
+
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -10,26 +11,7 @@
 
 namespace {
 
-const std::array<std::string_view, 18> identifiers = {
-    "A system-wide installation already exists. Removing or upgrading requires administrator-level "
-    "access.",
-    "Ondrel Vexora Lumiq is already up to date.",
-    "A newer version of Ondrel Vexora Lumiq is installed on your system. Installation terminated.",
-    "Pre-installation steps failed.",
-    "Failed to extract Ondrel Vexora Lumiq.",
-    "Failed to copy Ondrel Vexora Lumiq Web plugin.",
-    "Post-installation steps failed.",
-    "Open logs",
-    "Ondrel Vexora Lumiq Setup",
-    "By installing, you agree to the Ondrel Vexora <a>license agreement</a>.",
-    "To install Ondrel Vexora Lumiq, click <b>Start</b>.",
-    "Start",
-    "License Agreement",
-    "Go back",
-    "Installing <b>Ondrel Vexora Lumiq</b>...",
-    "Installation completed!",
-    "Close",
-    "Installation failed"};
+using TestSupport::messageIdentifiers;
 
 std::size_t count(std::string_view text, std::string_view part) {
     std::size_t result = 0;
@@ -81,9 +63,9 @@ protected:
 };
 
 TEST_P(StringsFilesTest, holdsEveryIdentifierAndNoOther) {
-    for (const std::string_view identifier : identifiers)
+    for (const std::string_view identifier : messageIdentifiers)
         EXPECT_TRUE(texts_.contains(identifier)) << identifier;
-    EXPECT_EQ(texts_.size(), identifiers.size());
+    EXPECT_EQ(texts_.size(), messageIdentifiers.size());
 }
 
 TEST_P(StringsFilesTest, keepsTheTagPairOfTheIdentifier) {

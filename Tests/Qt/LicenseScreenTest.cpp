@@ -4,9 +4,9 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QScrollBar>
-#include <QTextDocument>
 #include <QStringDecoder>
 #include <QTest>
+#include <QTextDocument>
 #include <QWheelEvent>
 
 namespace QtTest {

@@ -25,6 +25,10 @@ std::pair<std::uint32_t, std::uint32_t> pngSize(const std::string& bytes) {
 
 const fs::path staged = VEXORA_STAGED_RESOURCES;
 
+std::string iconName(std::uint32_t size) {
+    return "vexora-one-click-installer-" + std::to_string(size) + ".png";
+}
+
 } // namespace
 
 TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
@@ -32,9 +36,15 @@ TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
     EXPECT_EQ(pngSize(readFile(staged / "lumiqLogo@2x.png")), std::pair(192U, 192U));
     EXPECT_EQ(pngSize(readFile(staged / "closeIcon.png")), std::pair(32U, 32U));
     EXPECT_EQ(pngSize(readFile(staged / "closeIcon@2x.png")), std::pair(64U, 64U));
+    for (const std::uint32_t size : {32U, 64U}) {
+        EXPECT_EQ(pngSize(readFile(staged / iconName(size))), std::pair(size, size)) << size;
+    }
+}
+
+TEST(StagedFilesTest, iconIsDrawnInEverySizeThatDesktopsAskFor) {
+    const fs::path images = fs::path(VEXORA_RESOURCES_SOURCE) / "Images";
     for (const std::uint32_t size : {16U, 32U, 48U, 64U, 128U, 256U, 512U}) {
-        const std::string name = "vexora-one-click-installer-" + std::to_string(size) + ".png";
-        EXPECT_EQ(pngSize(readFile(staged / name)), std::pair(size, size)) << name;
+        EXPECT_EQ(pngSize(readFile(images / iconName(size))), std::pair(size, size)) << size;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "Platform/View.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Vexora {
 
@@ -10,13 +11,12 @@ View::~View() {
     }
 }
 
-void View::addSubview(const std::shared_ptr<View>& child, Ordering ordering) {
-    const std::shared_ptr<View> keptAlive = child;
+void View::addSubview(std::shared_ptr<View> child, Ordering ordering) {
     child->removeFromSuperview();
     child->superview_ = this;
     const auto position = ordering == Ordering::Below ? subviews_.begin() : subviews_.end();
-    const auto inserted = subviews_.insert(position, keptAlive);
-    applySubviewAdded(*child, static_cast<std::size_t>(inserted - subviews_.begin()));
+    const auto inserted = subviews_.insert(position, std::move(child));
+    applySubviewAdded(**inserted, static_cast<std::size_t>(inserted - subviews_.begin()));
     updateCoveredSubviews();
 }
 

@@ -22,7 +22,7 @@ public:
     virtual ~View();
 
     /// Puts a view into this one; it leaves the view that held it before. `child` must not be null.
-    void addSubview(const std::shared_ptr<View>& child, Ordering ordering = Ordering::Above);
+    void addSubview(std::shared_ptr<View> child, Ordering ordering = Ordering::Above);
 
     /// Takes this view out of the view that holds it; without one nothing happens.
     void removeFromSuperview();

@@ -27,6 +27,8 @@ Translator::~Translator() = default;
 void Translator::init(Parser* parser, const std::string& locale, const std::string& folder,
                       const std::string& filename) {
     if (parser == nullptr) {
+        // Callers that catch standard exceptions only are to let this one pass.
+        // NOLINTNEXTLINE(misc-throw-by-value-catch-by-reference)
         throw static_cast<const char*>(parserIsNull);
     }
     currentParser.reset();

@@ -1,5 +1,5 @@
 #include "AppDelegate.h"
-#include "Platform/Qt/Backend.h"
+#include "Platform/Backend.h"
 #include "ViewController.h"
 
 int main(int /*argc*/, char** argv) {

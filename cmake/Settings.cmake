@@ -3,6 +3,10 @@
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
@@ -17,10 +21,39 @@ option(VEXORA_BUILD_DESKTOP_TESTS "Without the other tests, those that drive the
 option(VEXORA_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(VEXORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 
+if(APPLE)
+  set(native_backend appkit)
+else()
+  set(native_backend qt)
+endif()
+set(VEXORA_BACKEND ${native_backend} CACHE STRING
+    "What shows the window: qt, or appkit, which off macOS means GNUstep")
+set_property(CACHE VEXORA_BACKEND PROPERTY STRINGS qt appkit)
+if(NOT VEXORA_BACKEND MATCHES "^(qt|appkit)$")
+  message(FATAL_ERROR "VEXORA_BACKEND must be qt or appkit, but is \"${VEXORA_BACKEND}\".")
+endif()
+if(VEXORA_BACKEND STREQUAL "appkit")
+  # One compiler for all; left alone, another one may be found.
+  set(CMAKE_OBJCXX_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "Objective-C++ compiler")
+  enable_language(OBJCXX)
+endif()
+
 set(VEXORA_TROUBLESHOOTING_URL "https://support.ondrel-vexora.example/lumiq/troubleshooting"
     CACHE STRING "Address of the troubleshooting page; must be an https address")
 if(NOT VEXORA_TROUBLESHOOTING_URL MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ ;\"\\]*)?$")
   message(FATAL_ERROR
     "VEXORA_TROUBLESHOOTING_URL must be an https address without blanks or quotes, "
     "but is \"${VEXORA_TROUBLESHOOTING_URL}\".")
+endif()
+
+set(VEXORA_SIGNING_IDENTITY "-"
+    CACHE STRING "Certificate in the keychain that signs what ships for macOS; - signs ad hoc")
+set(VEXORA_NOTARY_PROFILE ""
+    CACHE STRING "Keychain profile that has what ships for macOS notarised; empty for none")
+if(VEXORA_SIGNING_IDENTITY STREQUAL "")
+  message(FATAL_ERROR "VEXORA_SIGNING_IDENTITY must name a certificate, or be \"-\" to sign ad hoc.")
+endif()
+if(NOT VEXORA_NOTARY_PROFILE STREQUAL "" AND VEXORA_SIGNING_IDENTITY STREQUAL "-")
+  message(FATAL_ERROR
+    "VEXORA_NOTARY_PROFILE asks for notarisation, which takes a certificate in VEXORA_SIGNING_IDENTITY.")
 endif()

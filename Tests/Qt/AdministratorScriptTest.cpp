@@ -75,11 +75,11 @@ TEST(ShellCommand, endsNotInABackslash) {
     EXPECT_EQ(shellCommandOf(scriptWith("true\\")), std::nullopt);
 }
 
-TEST(PkexecScript, runsNothingForAnyOtherSource) {
+TEST(QtAdministratorScript, runsNothingForAnyOtherSource) {
     TestSupport::CallLog calls;
     TestSupport::MemoryFiles files(calls);
     Vexora::PosixProcessLauncher processes;
-    Vexora::PkexecScript script(processes, files);
+    Vexora::QtAdministratorScript script(processes, files);
     EXPECT_FALSE(script.execute("do shell script \"true\""));
     EXPECT_FALSE(script.execute(administratorScriptSource("/a\"b")));
     EXPECT_FALSE(script.execute(""));

@@ -1,4 +1,4 @@
-#include "Platform/Qt/Backend.h"
+#include "Platform/Backend.h"
 
 #include <gtest/gtest.h>
 

@@ -54,7 +54,7 @@ std::optional<std::string> shellCommandOf(const std::string& source) {
     return command;
 }
 
-bool PkexecScript::execute(const std::string& source) {
+bool QtAdministratorScript::execute(const std::string& source) {
     const auto command = shellCommandOf(source);
     if (!command) {
         return false;

@@ -10,10 +10,10 @@
 
 namespace Vexora {
 
-class PkexecScript : public AdministratorScript {
+class QtAdministratorScript : public AdministratorScript {
 public:
     /// Both outlive the object.
-    PkexecScript(PosixProcessLauncher& processes, FileSystem& files)
+    QtAdministratorScript(PosixProcessLauncher& processes, FileSystem& files)
         : processes_(processes), files_(files) {}
 
     /// Waits for the command, the desktop's password prompt included. Its output is thrown away.

@@ -1,4 +1,4 @@
-#include "Platform/Qt/Backend.h"
+#include "Platform/Backend.h"
 
 #include "Platform/Posix/PosixEnvironment.h"
 #include "Platform/Posix/PosixFileSystem.h"
@@ -60,7 +60,7 @@ struct Backend::Parts {
     QtInterfaceLoader interfaces;
     QtMainQueue mainQueue;
     QtWorkspace workspace;
-    PkexecScript administratorScript;
+    QtAdministratorScript administratorScript;
     Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
                       files,       processes,  environment, administratorScript, workspace,
                       systemLog};

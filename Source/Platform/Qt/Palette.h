@@ -1,14 +1,15 @@
-// The colours of the window, the same on every desktop and in every theme: ink on light paper.
-// Every text colour keeps a contrast of at least 4.5:1 to what lies under it.
+// The colours of the window and of the controls that are drawn here, the same on every desktop and
+// in every theme. Every text colour keeps a contrast of at least 4.5:1 to what lies under it.
 #pragma once
 
-#include <QColor>
+#include "Platform/Palette.h"
+#include "Platform/Qt/Conversions.h"
 
 namespace Vexora::Palette {
 
-inline const QColor paper(0xfa, 0xf9, 0xf6);
-inline const QColor sheet(0xff, 0xff, 0xff);
-inline const QColor ink(0x1f, 0x2a, 0x37);
+inline const QColor paper = toQColor(paperColor);
+inline const QColor sheet = toQColor(sheetColor);
+inline const QColor ink = toQColor(inkColor);
 inline const QColor inkOnBlue(0xff, 0xff, 0xff);
 inline const QColor blue(0x3d, 0x70, 0xb3);
 inline const QColor blueHover(0x34, 0x64, 0xa3);

@@ -1,4 +1,4 @@
-// Everything the application runs on, made for the Qt desktop.
+// Everything the application runs on, made by the one backend that the program is built with.
 // Created first and on the main thread; it lives as long as the process.
 #pragma once
 

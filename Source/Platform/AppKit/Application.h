@@ -1,0 +1,50 @@
+// The application and its main window on the Mac's desktop.
+// Main thread only.
+#pragma once
+
+#include "Platform/AppKit/Handler.h"
+#include "Platform/Application.h"
+
+namespace Vexora {
+
+class AppKitWindow : public Window {
+public:
+    AppKitWindow();
+    AppKitWindow(const AppKitWindow&) = delete;
+    AppKitWindow& operator=(const AppKitWindow&) = delete;
+    ~AppKitWindow() override;
+
+    /// Shows the root view of the content as the whole of the window.
+    /// \param content a pane.
+    void setContent(NSView* content);
+
+    void setTitle(const std::string& title) override;
+    void center() override;
+
+    NSWindow* window() const { return window_.get(); }
+
+private:
+    Strong<NSWindow> window_;
+};
+
+class AppKitApplication : public Application {
+public:
+    AppKitApplication() = default;
+    AppKitApplication(const AppKitApplication&) = delete;
+    AppKitApplication& operator=(const AppKitApplication&) = delete;
+    ~AppKitApplication() override;
+
+    AppKitWindow& mainWindow() { return mainWindow_; }
+
+    std::vector<Window*> windows() override { return {&mainWindow_}; }
+    void activateIgnoringOtherApps() override;
+    void onWindowWillClose(std::function<void()> handler) override;
+    void setLanguage(const std::string& languageCode) override;
+    void exit(int status) override;
+
+private:
+    AppKitWindow mainWindow_;
+    Strong<VexoraHandler> closeObserver_;
+};
+
+} // namespace Vexora

@@ -1,0 +1,102 @@
+#include "Platform/AppKit/Application.h"
+
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/AppKit/Pane.h"
+#include "Platform/Palette.h"
+
+#include <cstdlib>
+
+/// A window without a menu bar above it: it answers the usual keys by itself.
+@interface VexoraWindow : NSWindow
+@end
+
+@implementation VexoraWindow
+
+- (BOOL)performKeyEquivalent:(NSEvent*)event {
+    if (([event modifierFlags] & NSEventModifierFlagCommand) != 0) {
+        NSString* const key = [event charactersIgnoringModifiers];
+        if ([key isEqualToString:@"w"] || [key isEqualToString:@"q"]) {
+            [self performClose:self];
+            return YES;
+        }
+        if ([key isEqualToString:@"c"]) {
+            return [NSApp sendAction:@selector(copy:) to:nil from:self];
+        }
+        if ([key isEqualToString:@"a"]) {
+            return [NSApp sendAction:@selector(selectAll:) to:nil from:self];
+        }
+    }
+    return [super performKeyEquivalent:event];
+}
+
+@end
+
+namespace Vexora {
+
+AppKitWindow::AppKitWindow()
+    : window_(adopt<NSWindow>([[VexoraWindow alloc]
+          initWithContentRect:NSMakeRect(0.0, 0.0, 100.0, 100.0)
+                    styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable |
+                              NSWindowStyleMaskMiniaturizable | NSWindowStyleMaskResizable
+                      backing:NSBackingStoreBuffered
+                        defer:NO])) {
+    [window_.get() setReleasedWhenClosed:NO];
+    [window_.get() setContentView:adopt<VexoraPane>([[VexoraPane alloc] initWithFrame:NSZeroRect])];
+    [window_.get() setAutorecalculatesKeyViewLoop:YES];
+    [window_.get() setBackgroundColor:toNSColor(paperColor)];
+    if ([window_.get() respondsToSelector:@selector(setAppearance:)]) {
+        // The colours are for light paper, also on a dark desktop.
+        [window_.get() setAppearance:[NSAppearance appearanceNamed:NSAppearanceNameAqua]];
+    }
+}
+
+AppKitWindow::~AppKitWindow() {
+    [window_.get() orderOut:nil];
+}
+
+void AppKitWindow::setContent(NSView* content) {
+    const NSSize size = [content frame].size;
+    [window_.get() setContentSize:size];
+    [window_.get() setContentMinSize:size];
+    [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content) below:NO];
+}
+
+void AppKitWindow::setTitle(const std::string& title) {
+    [window_.get() setTitle:toNSString(title)];
+}
+
+void AppKitWindow::center() {
+    [window_.get() center];
+}
+
+AppKitApplication::~AppKitApplication() {
+    [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
+}
+
+void AppKitApplication::activateIgnoringOtherApps() {
+    [NSApp activateIgnoringOtherApps:YES];
+}
+
+void AppKitApplication::onWindowWillClose(std::function<void()> handler) {
+    [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
+    closeObserver_ = makeHandler(std::move(handler));
+    [[NSNotificationCenter defaultCenter] addObserver:closeObserver_
+                                             selector:@selector(handle:)
+                                                 name:NSWindowWillCloseNotification
+                                               object:nil];
+}
+
+void AppKitApplication::setLanguage(const std::string& languageCode) {
+    const bool fromRight = [NSLocale characterDirectionForLanguage:toNSString(languageCode)] ==
+                           NSLocaleLanguageDirectionRightToLeft;
+    // Whatever the window is going to show takes over its direction.
+    [[mainWindow_.window() contentView]
+        setUserInterfaceLayoutDirection:fromRight ? NSUserInterfaceLayoutDirectionRightToLeft
+                                                  : NSUserInterfaceLayoutDirectionLeftToRight];
+}
+
+void AppKitApplication::exit(int status) {
+    std::exit(status);
+}
+
+} // namespace Vexora

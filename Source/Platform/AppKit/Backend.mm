@@ -1,0 +1,69 @@
+#include "Platform/Backend.h"
+
+#include "Platform/AppKit/AdministratorScript.h"
+#include "Platform/AppKit/Application.h"
+#include "Platform/AppKit/Environment.h"
+#include "Platform/AppKit/Handler.h"
+#include "Platform/AppKit/InterfaceLoader.h"
+#include "Platform/AppKit/MainQueue.h"
+#include "Platform/AppKit/SystemLog.h"
+#include "Platform/AppKit/Views.h"
+#include "Platform/AppKit/Workspace.h"
+#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/PosixQueues.h"
+
+namespace Vexora {
+namespace {
+
+/// The desktop as the program shows itself on it.
+struct Desktop {
+    Desktop() { [NSApplication sharedApplication]; }
+
+    AutoreleaseScope scope;
+};
+
+} // namespace
+
+struct Backend::Parts {
+    Desktop desktop;
+    AppKitEnvironment environment;
+    PosixFileSystem files;
+    PosixProcessLauncher processes;
+    PosixClock clock;
+    PosixBackgroundQueue backgroundQueue;
+    AppKitSystemLog systemLog;
+    AppKitApplication application;
+    AppKitInterfaceLoader interfaces{environment};
+    AppKitMainQueue mainQueue;
+    AppKitWorkspace workspace;
+    AppKitAdministratorScript administratorScript;
+    Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
+                      files,       processes,  environment, administratorScript, workspace,
+                      systemLog};
+};
+
+Backend::Backend(char** /*argv*/) : parts_(std::make_unique<Parts>()) {}
+
+Backend::~Backend() = default;
+
+Platform& Backend::platform() {
+    return parts_->platform;
+}
+
+int Backend::run(View& content, const std::function<void()>& didFinishLaunching) {
+    AppKitWindow& window = parts_->application.mainWindow();
+    if (const auto* root = dynamic_cast<WidgetOwner*>(&content)) {
+        window.setContent(root->widget());
+    }
+    [window.window() makeKeyAndOrderFront:nil];
+    const Strong<VexoraHandler> launched = makeHandler(didFinishLaunching);
+    [[NSNotificationCenter defaultCenter] addObserver:launched
+                                             selector:@selector(handle:)
+                                                 name:NSApplicationDidFinishLaunchingNotification
+                                               object:nil];
+    [NSApp run];
+    return 0;
+}
+
+} // namespace Vexora

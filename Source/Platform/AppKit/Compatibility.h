@@ -1,0 +1,127 @@
+// What macOS and GNUstep do not have in common. Everything else in this folder is the same source
+// for both: a method that GNUstep lacks is declared here, and called only where it is answered.
+// GNUstep is built without automatic reference counting, macOS with it; Strong serves both.
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#ifdef GNUSTEP
+
+@interface NSGestureRecognizer (OnlyOnMac)
+- (id)initWithTarget:(id)target action:(SEL)action;
+@end
+
+@interface NSView (OnlyOnMac)
+- (void)addGestureRecognizer:(NSGestureRecognizer*)recognizer;
+- (void)addConstraint:(NSLayoutConstraint*)constraint;
+- (void)setAccessibilityLabel:(NSString*)label;
+- (void)setAccessibilityRole:(NSString*)role;
+- (void)setAccessibilityElement:(BOOL)element;
+@end
+
+@interface NSWindow (OnlyOnMac)
+- (void)setAppearance:(NSAppearance*)appearance;
+@end
+
+@interface NSFont (OnlyOnMac)
++ (NSFont*)systemFontOfSize:(CGFloat)size weight:(CGFloat)weight;
+@end
+
+@interface NSAppleScript (OnlyOnMac)
+- (id)initWithSource:(NSString*)source;
+- (id)executeAndReturnError:(NSDictionary**)error;
+@end
+
+#define NSAccessibilityLinkRole @"AXLink"
+#define NSFontWeightSemibold CGFloat(0.3)
+#define NSBezelStyleRounded NSRoundedBezelStyle
+#define NSBezelStyleHelpButton NSHelpButtonBezelStyle
+#define NSEventModifierFlagCommand NSCommandKeyMask
+
+#endif
+
+#ifndef __has_feature
+#define __has_feature(feature) 0
+#endif
+
+namespace Vexora {
+
+/// Where the bundle keeps its resources. GNUstep takes the folder of the program for the bundle.
+inline NSString* bundleResourcePath() {
+#ifdef GNUSTEP
+    NSString* program = [[NSBundle mainBundle] executablePath];
+    NSString* contents =
+        [[program stringByDeletingLastPathComponent] stringByDeletingLastPathComponent];
+    return [contents stringByAppendingPathComponent:@"Resources"];
+#else
+    return [[NSBundle mainBundle] resourcePath];
+#endif
+}
+
+/// Keeps an object alive for as long as it lives itself.
+template <class Kind>
+class Strong {
+public:
+    Strong() = default;
+#if __has_feature(objc_arc)
+    Strong(Kind* object) : object_(object) {}
+#else
+    Strong(Kind* object) : object_([object retain]) {}
+    Strong(const Strong& other) : object_([other.object_ retain]) {}
+    Strong& operator=(const Strong& other) {
+        [other.object_ retain];
+        [object_ release];
+        object_ = other.object_;
+        return *this;
+    }
+    ~Strong() {
+        [object_ release];
+    }
+#endif
+
+    Kind* get() const {
+        return object_;
+    }
+    operator Kind*() const {
+        return object_;
+    }
+
+private:
+    Kind* object_ = nil;
+};
+
+/// Takes over the reference that comes with an object just created.
+template <class Kind>
+Strong<Kind> adopt(id created) {
+    const Strong<Kind> owner(created);
+#if !__has_feature(objc_arc)
+    [created release];
+#endif
+    return owner;
+}
+
+/// The object as one of that class; null when it is something else.
+template <class Kind>
+Kind* as(id object) {
+    return [object isKindOfClass:[Kind class]] ? object : nil;
+}
+
+/// Has objects of the call released at its end, on threads without an event loop to do so.
+class AutoreleaseScope {
+public:
+    AutoreleaseScope() = default;
+    AutoreleaseScope(const AutoreleaseScope&) = delete;
+    AutoreleaseScope& operator=(const AutoreleaseScope&) = delete;
+#if __has_feature(objc_arc)
+    ~AutoreleaseScope() {}
+#else
+    ~AutoreleaseScope() {
+        [pool_ drain];
+    }
+
+private:
+    NSAutoreleasePool* pool_ = [[NSAutoreleasePool alloc] init];
+#endif
+};
+
+} // namespace Vexora

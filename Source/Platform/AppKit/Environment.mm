@@ -1,0 +1,22 @@
+#include "Platform/AppKit/Environment.h"
+
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/Posix/PosixEnvironment.h"
+
+namespace Vexora {
+
+std::string AppKitEnvironment::homeDirectory() {
+    return posixHomeDirectory();
+}
+
+std::string AppKitEnvironment::resourcePath() {
+    const AutoreleaseScope scope;
+    return toUtf8(bundleResourcePath());
+}
+
+std::string AppKitEnvironment::localeIdentifier() {
+    const AutoreleaseScope scope;
+    return toUtf8([[NSLocale currentLocale] localeIdentifier]);
+}
+
+} // namespace Vexora

@@ -1,0 +1,33 @@
+// A plain area that holds controls from its definition and, over or under them, panes added by
+// code. Where it shows nothing it is not there for the mouse either, so that what lies below takes
+// the click. Coordinates run from the top left, and are mirrored in a language that runs from the
+// right.
+#pragma once
+
+#include "Platform/AppKit/Compatibility.h"
+
+@interface VexoraPane : NSView {
+@public
+    /// Whether the pane hides everything behind it.
+    BOOL opaquePane;
+    /// The control whose area takes in panes added by code; null for the whole area.
+    Vexora::Strong<NSView> contentArea;
+    /// The control that takes the keys when the pane appears; null for none.
+    Vexora::Strong<NSView> initialFocus;
+
+@private
+    NSUserInterfaceLayoutDirection direction;
+    Vexora::Strong<NSView> focusBeforeCover;
+}
+
+/// Takes a pane in, under or over everything else. An opaque one takes the whole area, any other
+/// the content area.
+- (void)addPane:(VexoraPane*)pane below:(BOOL)below;
+
+/// Gives a pane back.
+- (void)removePane:(VexoraPane*)pane;
+
+/// Gives the keys to the control that has the definition's initial focus, if the pane can be seen.
+- (void)takeInitialFocus;
+
+@end

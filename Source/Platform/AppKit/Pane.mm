@@ -1,0 +1,102 @@
+#include "Platform/AppKit/Pane.h"
+
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/Palette.h"
+
+@interface VexoraPane ()
+- (void)mirror:(NSView*)view;
+@end
+
+@implementation VexoraPane
+
+- (BOOL)isFlipped {
+    return YES;
+}
+
+- (BOOL)isOpaque {
+    return opaquePane;
+}
+
+- (void)addPane:(VexoraPane*)pane below:(BOOL)below {
+    if (pane->opaquePane) {
+        focusBeforeCover = Vexora::as<NSView>([[self window] firstResponder]);
+    }
+    const BOOL everything = pane->opaquePane || contentArea.get() == nil;
+    [pane setUserInterfaceLayoutDirection:direction];
+    [pane setFrame:everything ? [self bounds] : [contentArea.get() frame]];
+    [pane setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+    [self addSubview:pane positioned:below ? NSWindowBelow : NSWindowAbove relativeTo:nil];
+    [pane takeInitialFocus];
+}
+
+- (void)removePane:(VexoraPane*)pane {
+    [pane removeFromSuperview];
+    if (pane->opaquePane) {
+        // What was covered is shown again only after this call.
+        [self performSelector:@selector(restoreFocus) withObject:nil afterDelay:0.0];
+    }
+}
+
+- (void)restoreFocus {
+    NSView* const before = focusBeforeCover.get();
+    if (before != nil && [before window] == [self window]) {
+        [[self window] makeFirstResponder:before];
+    } else {
+        [Vexora::as<VexoraPane>([[self subviews] lastObject]) takeInitialFocus];
+    }
+    focusBeforeCover = nil;
+}
+
+- (void)takeInitialFocus {
+    NSScrollView* const area = Vexora::as<NSScrollView>(initialFocus.get());
+    NSView* const focus = area == nil ? initialFocus.get() : [area documentView];
+    if (focus != nil && ![self isHiddenOrHasHiddenAncestor]) {
+        [[self window] makeFirstResponder:focus];
+    }
+}
+
+- (NSUserInterfaceLayoutDirection)userInterfaceLayoutDirection {
+    return direction;
+}
+
+- (void)setUserInterfaceLayoutDirection:(NSUserInterfaceLayoutDirection)newDirection {
+    const BOOL mirrors = newDirection != direction;
+    direction = newDirection;
+    for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
+        NSView* const view = [[self subviews] objectAtIndex:index];
+        if (mirrors) {
+            [self mirror:view];
+        }
+        [view setUserInterfaceLayoutDirection:newDirection];
+    }
+}
+
+/// Moves a control to the other side, and lets it stay there when the pane grows.
+- (void)mirror:(NSView*)view {
+    NSRect frame = [view frame];
+    frame.origin.x = NSWidth([self bounds]) - NSMaxX(frame);
+    const NSUInteger mask = [view autoresizingMask];
+    NSUInteger mirrored = mask & ~NSUInteger(NSViewMinXMargin | NSViewMaxXMargin);
+    if ((mask & NSViewMinXMargin) != 0) {
+        mirrored |= NSViewMaxXMargin;
+    }
+    if ((mask & NSViewMaxXMargin) != 0) {
+        mirrored |= NSViewMinXMargin;
+    }
+    [view setFrame:frame];
+    [view setAutoresizingMask:mirrored];
+}
+
+- (void)drawRect:(NSRect)dirtyRect {
+    if (opaquePane) {
+        [Vexora::toNSColor(Vexora::paperColor) set];
+        NSRectFill(dirtyRect);
+    }
+}
+
+- (NSView*)hitTest:(NSPoint)point {
+    NSView* const found = [super hitTest:point];
+    return found == self && !opaquePane ? nil : found;
+}
+
+@end

@@ -1,0 +1,26 @@
+#include "Platform/AppKit/Picture.h"
+
+#include <initializer_list>
+
+@implementation VexoraPicture
+
+- (void)loadFrom:(NSString*)folder {
+    const auto image = Vexora::adopt<NSImage>([[NSImage alloc] initWithSize:[self bounds].size]);
+    for (const char* scale : std::initializer_list<const char*>{"", "@2x"}) {
+        NSString* const path =
+            [NSString stringWithFormat:@"%@/%@%s.png", folder, imageName.get(), scale];
+        NSImageRep* const picture = [NSBitmapImageRep imageRepWithContentsOfFile:path];
+        if (picture != nil) {
+            // Both are as large on the screen; the denser one has more pixels there.
+            [picture setSize:[self bounds].size];
+            [image.get() addRepresentation:picture];
+        }
+    }
+    [self setImage:image];
+    if ([self respondsToSelector:@selector(setAccessibilityElement:)]) {
+        // It says nothing that the texts do not.
+        [self setAccessibilityElement:NO];
+    }
+}
+
+@end

@@ -1,0 +1,35 @@
+// The view behind a text field: styled runs that wrap, and that can be clicked like a link. To
+// assistive tools it is a text, or a link with a press action once it is clickable.
+#pragma once
+
+#include "Platform/AppKit/Handler.h"
+
+@interface VexoraTextLabel : NSTextField {
+@public
+    /// Whether lines are centred when their text leaves that open.
+    BOOL centered;
+    /// The control that this label's text names to assistive tools; null for none.
+    Vexora::Strong<NSView> buddy;
+
+@private
+    Vexora::Strong<NSAttributedString> styledText;
+    Vexora::Strong<VexoraHandler> clickHandler;
+    NSUserInterfaceLayoutDirection direction;
+}
+
+/// Sets lines around the middle of the label instead of from its top.
+- (void)setCentersVertically:(BOOL)centers;
+
+/// Shows a text. It also becomes the accessible name of the label's buddy.
+- (void)setStyledText:(NSAttributedString*)text;
+
+/// Sets what a click, Return or Space does, and lets the label take the keyboard's focus.
+- (void)setClickHandler:(VexoraHandler*)handler;
+
+/// Whether a click does something.
+- (BOOL)isClickable;
+
+/// Does what a click does.
+- (void)click;
+
+@end

@@ -1,0 +1,162 @@
+#include "Platform/AppKit/TextLabel.h"
+
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/Palette.h"
+
+#include <cmath>
+
+/// Draws its lines around the middle of the label.
+@interface VexoraTextCell : NSTextFieldCell {
+@public
+    BOOL centersVertically;
+}
+@end
+
+@implementation VexoraTextCell
+
+- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
+    if (centersVertically) {
+        const NSRect text = [[self attributedStringValue]
+            boundingRectWithSize:NSMakeSize(NSWidth(frame), NSHeight(frame))
+                         options:NSStringDrawingUsesLineFragmentOrigin];
+        const CGFloat rest = NSHeight(frame) - NSHeight(text);
+        frame = NSInsetRect(frame, 0.0, rest > 0.0 ? std::floor(rest / 2) : 0.0);
+    }
+    [super drawInteriorWithFrame:frame inView:view];
+}
+
+@end
+
+@implementation VexoraTextLabel
+
++ (Class)cellClass {
+    return [VexoraTextCell class];
+}
+
+- (id)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self != nil) {
+        [self setEditable:NO];
+        [self setSelectable:NO];
+        [self setBezeled:NO];
+        [self setBordered:NO];
+        [self setDrawsBackground:NO];
+        [self setTextColor:Vexora::toNSColor(Vexora::inkColor)];
+        [[self cell] setWraps:YES];
+        [[self cell] setLineBreakMode:NSLineBreakByWordWrapping];
+    }
+    return self;
+}
+
+- (void)setCentersVertically:(BOOL)centers {
+    Vexora::as<VexoraTextCell>([self cell])->centersVertically = centers;
+}
+
+- (void)setStyledText:(NSAttributedString*)text {
+    styledText = text;
+    const auto shown = Vexora::adopt<NSMutableAttributedString>([text mutableCopy]);
+    if ([text length] > 0) {
+        NSParagraphStyle* const given = [text attribute:NSParagraphStyleAttributeName
+                                                atIndex:0
+                                         effectiveRange:nullptr];
+        const auto paragraph = Vexora::adopt<NSMutableParagraphStyle>([given mutableCopy]);
+        const BOOL fromRight = direction == NSUserInterfaceLayoutDirectionRightToLeft;
+        [paragraph.get() setBaseWritingDirection:fromRight ? NSWritingDirectionRightToLeft
+                                                           : NSWritingDirectionLeftToRight];
+        if (centered) {
+            [paragraph.get() setAlignment:NSTextAlignmentCenter];
+        } else if ([paragraph.get() alignment] == NSTextAlignmentNatural && fromRight) {
+            [paragraph.get() setAlignment:NSTextAlignmentRight];
+        }
+        [shown.get() addAttribute:NSParagraphStyleAttributeName
+                            value:paragraph.get()
+                            range:NSMakeRange(0, [text length])];
+    }
+    [self setAttributedStringValue:shown];
+    if ([buddy.get() respondsToSelector:@selector(setAccessibilityLabel:)]) {
+        [buddy.get() setAccessibilityLabel:[text string]];
+    }
+}
+
+- (void)setUserInterfaceLayoutDirection:(NSUserInterfaceLayoutDirection)newDirection {
+    [super setUserInterfaceLayoutDirection:newDirection];
+    direction = newDirection;
+    if (styledText.get() != nil) {
+        [self setStyledText:Vexora::Strong<NSAttributedString>(styledText)];
+    }
+}
+
+- (void)setClickHandler:(VexoraHandler*)handler {
+    const BOOL first = clickHandler.get() == nil;
+    clickHandler = handler;
+    if (!first) {
+        return;
+    }
+    if ([self respondsToSelector:@selector(addGestureRecognizer:)]) {
+        const auto recognizer = Vexora::adopt<NSClickGestureRecognizer>(
+            [[NSClickGestureRecognizer alloc] initWithTarget:self action:@selector(click)]);
+        [self addGestureRecognizer:recognizer];
+    }
+    if ([self respondsToSelector:@selector(setAccessibilityRole:)]) {
+        [self setAccessibilityRole:NSAccessibilityLinkRole];
+    }
+}
+
+- (BOOL)isClickable {
+    return clickHandler.get() != nil;
+}
+
+- (void)click {
+    // The handler may take this label out of the window.
+    const Vexora::Strong<VexoraHandler> handler = clickHandler;
+    [handler.get() handle:self];
+}
+
+- (void)mouseDown:(NSEvent*)event {
+    if (![self isClickable]) {
+        [super mouseDown:event];
+    }
+}
+
+- (void)mouseUp:(NSEvent*)event {
+    if ([self respondsToSelector:@selector(addGestureRecognizer:)]) {
+        [super mouseUp:event];
+    } else if (NSPointInRect([self convertPoint:[event locationInWindow] fromView:nil],
+                             [self bounds])) {
+        [self click];
+    }
+}
+
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+    return [self isClickable];
+}
+
+- (BOOL)acceptsFirstResponder {
+    return [self isClickable];
+}
+
+- (void)keyDown:(NSEvent*)event {
+    NSString* const keys = [event charactersIgnoringModifiers];
+    const BOOL presses = [keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
+                         [keys isEqualToString:@" "];
+    if (!presses || ![self isClickable]) {
+        [super keyDown:event];
+    } else if (![event isARepeat]) {
+        [self click];
+    }
+}
+
+- (BOOL)accessibilityPerformPress {
+    [self click];
+    return [self isClickable];
+}
+
+- (NSRect)focusRingMaskBounds {
+    return [self bounds];
+}
+
+- (void)drawFocusRingMask {
+    NSRectFill([self bounds]);
+}
+
+@end

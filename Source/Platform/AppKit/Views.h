@@ -1,0 +1,127 @@
+// The views of the seam over those of the toolkit: each mirrors the state that its base keeps.
+// Main thread only.
+#pragma once
+
+#include "Platform/AppKit/Compatibility.h"
+#include "Platform/Controls.h"
+
+#include <memory>
+
+@class VexoraButton;
+@class VexoraPane;
+@class VexoraPicture;
+@class VexoraTextLabel;
+
+namespace Vexora {
+
+/// What every view has beside its base. The widget leaves the window with its view.
+class WidgetOwner {
+public:
+    explicit WidgetOwner(NSView* widget) : widget_(widget) {}
+    WidgetOwner(const WidgetOwner&) = delete;
+    WidgetOwner& operator=(const WidgetOwner&) = delete;
+    virtual ~WidgetOwner();
+
+    NSView* widget() const { return widget_.get(); }
+
+protected:
+    void addChild(View& child, bool below);
+    void removeChild(View& child);
+    void show(const View& view);
+    void fixHeight(double height);
+
+private:
+    Strong<NSView> widget_;
+};
+
+/// A view of the seam whose order, visibility and height its widget follows.
+template <class Base>
+class Shown : public Base, public WidgetOwner {
+public:
+    explicit Shown(NSView* widget) : WidgetOwner(widget) {}
+
+protected:
+    void applySubviewAdded(View& child, std::size_t index) override {
+        addChild(child, index == 0 && this->subviews().size() > 1);
+    }
+    void applySubviewRemoved(View& child) override { removeChild(child); }
+    void applyHidden() override { show(*this); }
+    void applyAlphaValue() override { show(*this); }
+    void applyCovered() override { show(*this); }
+    void applyHeightConstraint(double height) override { fixHeight(height); }
+};
+
+class AppKitView : public Shown<View> {
+public:
+    explicit AppKitView(VexoraPane* pane);
+};
+
+class AppKitTextField : public Shown<TextField> {
+public:
+    explicit AppKitTextField(VexoraTextLabel* label);
+
+protected:
+    void applyText() override;
+    void applyClickable() override;
+
+private:
+    VexoraTextLabel* label() const;
+};
+
+class AppKitButton : public Shown<Button> {
+public:
+    explicit AppKitButton(VexoraButton* button);
+
+protected:
+    void applyTitle() override;
+
+private:
+    VexoraButton* button() const;
+};
+
+class AppKitImageView : public Shown<ImageView> {
+public:
+    explicit AppKitImageView(VexoraPicture* picture);
+};
+
+class AppKitProgressIndicator : public Shown<ProgressIndicator> {
+public:
+    explicit AppKitProgressIndicator(NSProgressIndicator* bar);
+
+protected:
+    void applyIndeterminate() override;
+    void applyThreadedAnimation() override;
+    void applyValue() override;
+
+private:
+    NSProgressIndicator* bar() const { return as<NSProgressIndicator>(widget()); }
+};
+
+class AppKitTextView : public Shown<TextView> {
+public:
+    explicit AppKitTextView(Size size);
+
+    NSTextView* edit() const { return as<NSTextView>(widget()); }
+
+protected:
+    void applyRichText() override;
+    void applyString() override;
+    void applyEditable() override;
+    void applyContainerSize() override;
+};
+
+/// The scroll view of the definition; the text area inside brings no scroll bar of its own.
+class AppKitScrollView : public Shown<ScrollView> {
+public:
+    explicit AppKitScrollView(NSScrollView* frame);
+
+    Size contentSize() const override;
+
+protected:
+    void applyDocumentView() override;
+};
+
+/// The view for a widget of an interface definition; null for one that is no outlet.
+std::shared_ptr<View> makeView(NSView* widget);
+
+} // namespace Vexora

@@ -1,0 +1,16 @@
+// The colours of the window that every backend shows alike: ink on light paper, in every theme.
+// Text in ink keeps a contrast of at least 4.5:1 to the paper and to the sheet.
+#pragma once
+
+#include "Platform/StyledText.h"
+
+namespace Vexora {
+
+/// What the window is made of.
+inline constexpr Color paperColor{0xfa / 255.0, 0xf9 / 255.0, 0xf6 / 255.0, 1.0};
+/// What the licence is set on.
+inline constexpr Color sheetColor{1.0, 1.0, 1.0, 1.0};
+/// The text.
+inline constexpr Color inkColor{0x1f / 255.0, 0x2a / 255.0, 0x37 / 255.0, 1.0};
+
+} // namespace Vexora

@@ -65,6 +65,11 @@ class CompareBackendsTest(unittest.TestCase):
         self.change("Resources/Interface/InstallViewController.ui", ">closeAction<", ">leaveAction<")
         self.assert_found("InstallViewController: closeButton", "leaveAction")
 
+    def test_a_control_of_another_kind(self):
+        self.change("Resources/Interface/StartViewController.json", '"startLabel", "class": "NSTextField"',
+                    '"startLabel", "class": "NSButton"')
+        self.assert_found("StartViewController: startLabel", "NSButton")
+
     def test_another_initial_focus(self):
         self.change("Resources/Interface/FailViewController.json", '"initialFocus": "logLabel"',
                     '"initialFocus": "failLabel"')

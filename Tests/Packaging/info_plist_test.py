@@ -33,6 +33,7 @@ class InfoPlistTest(PackagingTestCase):
             "CFBundleDevelopmentRegion": "en",
             "CFBundleLocalizations": sorted(folder.stem for folder in RESOURCES.glob("*.lproj")),
             "LSApplicationCategoryType": "public.app-category.utilities",
+            "LSAppNapIsDisabled": True,
             "LSMinimumSystemVersion": os.environ["VEXORA_MINIMUM_SYSTEM"],
             "NSHighResolutionCapable": True,
             "NSHumanReadableCopyright": "Copyright © Ondrel Vexora",

@@ -1,5 +1,6 @@
-// Runs scripts by the system's own AppleScript, which asks for the administrator's password.
-// Any thread.
+// Runs scripts by the system's own AppleScript, which asks for the administrator's password. Called
+// on the background thread, so that the window goes on while the prompt waits, although Apple
+// promises AppleScript for the main thread alone.
 #pragma once
 
 #include "Platform/Services.h"

@@ -2,6 +2,7 @@
 
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
+#include "Platform/AppKit/TextLabel.h"
 #include "Platform/Palette.h"
 
 #include <cstdlib>
@@ -14,7 +15,8 @@
 
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
     if (([event modifierFlags] & NSEventModifierFlagCommand) != 0) {
-        NSString* const key = [event charactersIgnoringModifiers];
+        // With the Command key a keyboard of any script gives Latin letters.
+        NSString* const key = [event characters];
         if ([key isEqualToString:@"w"] || [key isEqualToString:@"q"]) {
             [self performClose:self];
             return YES;
@@ -22,9 +24,23 @@
         if ([key isEqualToString:@"c"]) {
             return [NSApp sendAction:@selector(copy:) to:nil from:self];
         }
+        if ([key isEqualToString:@"m"]) {
+            [self performMiniaturize:self];
+            return YES;
+        }
+        if ([key isEqualToString:@"h"]) {
+            [NSApp hide:self];
+            return YES;
+        }
         if ([key isEqualToString:@"a"]) {
             return [NSApp sendAction:@selector(selectAll:) to:nil from:self];
         }
+    }
+    // A link that has the focus takes Return before the default button does.
+    VexoraTextLabel* const link = Vexora::as<VexoraTextLabel>([self firstResponder]);
+    if ([link isPressedBy:event]) {
+        [link keyDown:event];
+        return YES;
     }
     return [super performKeyEquivalent:event];
 }
@@ -58,6 +74,7 @@ void AppKitWindow::setContent(NSView* content) {
     const NSSize size = [content frame].size;
     [window_.get() setContentSize:size];
     [window_.get() setContentMinSize:size];
+    [window_.get() center];
     [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content) below:NO];
 }
 

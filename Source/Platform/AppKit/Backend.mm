@@ -18,7 +18,10 @@ namespace {
 
 /// The desktop as the program shows itself on it.
 struct Desktop {
-    Desktop() { [NSApplication sharedApplication]; }
+    Desktop() {
+        [NSApplication sharedApplication];
+        leaveEndedProgramsAlone();
+    }
 
     AutoreleaseScope scope;
 };

@@ -5,6 +5,8 @@
 
 #import <AppKit/AppKit.h>
 
+#include <csignal>
+
 #ifdef GNUSTEP
 
 @interface NSGestureRecognizer (OnlyOnMac)
@@ -17,6 +19,10 @@
 - (void)setAccessibilityLabel:(NSString*)label;
 - (void)setAccessibilityRole:(NSString*)role;
 - (void)setAccessibilityElement:(BOOL)element;
+@end
+
+@interface NSApplication (OnlyOnMac)
+- (BOOL)isFullKeyboardAccessEnabled;
 @end
 
 @interface NSWindow (OnlyOnMac)
@@ -36,6 +42,7 @@
 #define NSFontWeightSemibold CGFloat(0.3)
 #define NSBezelStyleRounded NSRoundedBezelStyle
 #define NSBezelStyleHelpButton NSHelpButtonBezelStyle
+#define NSEventTypeLeftMouseDown NSLeftMouseDown
 #define NSEventModifierFlagCommand NSCommandKeyMask
 
 #endif
@@ -55,6 +62,24 @@ inline NSString* bundleResourcePath() {
     return [contents stringByAppendingPathComponent:@"Resources"];
 #else
     return [[NSBundle mainBundle] resourcePath];
+#endif
+}
+
+/// Leaves the status of a program that has ended to whoever started it. GNUstep collects those of
+/// all programs once it has started one itself.
+inline void leaveEndedProgramsAlone() {
+#ifdef GNUSTEP
+    [NSTask class];
+    std::signal(SIGCHLD, SIG_DFL);
+#endif
+}
+
+/// Has the Tab key reach what the window holds now. macOS sees to that by itself.
+inline void renewKeyViewLoop(NSWindow* window) {
+#ifdef GNUSTEP
+    [window recalculateKeyViewLoop];
+    // Where the key begins while nothing has the focus.
+    [window setInitialFirstResponder:[window contentView]];
 #endif
 }
 
@@ -106,7 +131,8 @@ Kind* as(id object) {
     return [object isKindOfClass:[Kind class]] ? object : nil;
 }
 
-/// Has objects of the call released at its end, on threads without an event loop to do so.
+/// Has objects of the call released at its end, on threads without an event loop to do so. Where
+/// references are counted automatically there is nothing left to do.
 class AutoreleaseScope {
 public:
     AutoreleaseScope() = default;

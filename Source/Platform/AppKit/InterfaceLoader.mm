@@ -18,17 +18,36 @@ NSDictionary* definitionAt(NSString* path) {
     return [definition isKindOfClass:[NSDictionary class]] ? definition : nil;
 }
 
+/// Not every system answers a message to nothing with the number 0.
+double numberOf(id object) {
+    NSNumber* const given = as<NSNumber>(object);
+    return given == nil ? 0.0 : [given doubleValue];
+}
+
+/// What a definition says under a key; null, 0 or nothing where it says nothing of that kind.
+NSString* text(NSDictionary* control, NSString* key) {
+    return as<NSString>([control objectForKey:key]);
+}
+NSArray* list(NSDictionary* control, NSString* key) {
+    return as<NSArray>([control objectForKey:key]);
+}
+double number(NSDictionary* control, NSString* key) {
+    return numberOf([control objectForKey:key]);
+}
+
 NSRect frameOf(NSDictionary* control) {
-    NSArray* numbers = [control objectForKey:@"frame"];
-    return NSMakeRect(
-        [[numbers objectAtIndex:0] doubleValue], [[numbers objectAtIndex:1] doubleValue],
-        [[numbers objectAtIndex:2] doubleValue], [[numbers objectAtIndex:3] doubleValue]);
+    NSArray* const numbers = list(control, @"frame");
+    if ([numbers count] != 4) {
+        return NSZeroRect;
+    }
+    return NSMakeRect(numberOf([numbers objectAtIndex:0]), numberOf([numbers objectAtIndex:1]),
+                      numberOf([numbers objectAtIndex:2]), numberOf([numbers objectAtIndex:3]));
 }
 
 /// What changes when the pane grows: an edge that the definition names keeps its distance, and
 /// between two opposite ones the control grows along.
 NSUInteger resizingOf(NSDictionary* control) {
-    NSArray* edges = [control objectForKey:@"edges"];
+    NSArray* const edges = list(control, @"edges");
     const bool leading = [edges containsObject:@"leading"];
     const bool trailing = [edges containsObject:@"trailing"];
     const bool top = [edges containsObject:@"top"];
@@ -45,49 +64,44 @@ NSUInteger resizingOf(NSDictionary* control) {
 }
 
 NSFont* fontOf(NSDictionary* control) {
-    const double size = [[control objectForKey:@"fontSize"] doubleValue];
-    return [[control objectForKey:@"bold"] boolValue] ? [NSFont boldSystemFontOfSize:size]
-                                                      : [NSFont systemFontOfSize:size];
+    const double size = number(control, @"fontSize");
+    return number(control, @"bold") != 0 ? [NSFont boldSystemFontOfSize:size]
+                                         : [NSFont systemFontOfSize:size];
 }
 
 Strong<NSView> makeLabel(NSDictionary* control) {
     const auto made =
         adopt<VexoraTextLabel>([[VexoraTextLabel alloc] initWithFrame:frameOf(control)]);
     VexoraTextLabel* const label = made.get();
-    [label setFont:fontOf(control)];
-    label->centered = [[control objectForKey:@"centered"] boolValue];
-    [label setCentersVertically:[[control objectForKey:@"centersVertically"] boolValue]];
+    label->plainFont = fontOf(control);
+    [label setFont:label->plainFont];
+    label->centered = number(control, @"centered") != 0;
+    [label setCentersVertically:number(control, @"centersVertically") != 0];
     return label;
 }
 
 Strong<NSView> makeButton(NSDictionary* control) {
     const auto made = adopt<VexoraButton>([[VexoraButton alloc] initWithFrame:frameOf(control)]);
     VexoraButton* const button = made.get();
-    if ([[control objectForKey:@"help"] boolValue]) {
+    if (number(control, @"help") != 0) {
         [button setBezelStyle:NSBezelStyleHelpButton];
     }
-    if ([[control objectForKey:@"default"] boolValue]) {
-        [button setKeyEquivalent:@"\r"];
-    }
-    button->cancels = [[control objectForKey:@"cancels"] boolValue];
+    [button setIsDefault:number(control, @"default") != 0];
+    button->cancels = number(control, @"cancels") != 0;
     return button;
 }
 
 Strong<NSView> makePicture(NSDictionary* control, NSString* folder) {
     const auto made = adopt<VexoraPicture>([[VexoraPicture alloc] initWithFrame:frameOf(control)]);
     VexoraPicture* const picture = made.get();
-    picture->imageName = as<NSString>([control objectForKey:@"imageName"]);
+    picture->imageName = text(control, @"imageName");
     [picture loadFrom:folder];
     return picture;
 }
 
 Strong<NSView> makeBar(NSDictionary* control) {
-    const auto made =
-        adopt<NSProgressIndicator>([[NSProgressIndicator alloc] initWithFrame:frameOf(control)]);
-    NSProgressIndicator* const bar = made.get();
-    [bar setMinValue:0.0];
-    [bar setMaxValue:[[control objectForKey:@"maximum"] doubleValue]];
-    return bar;
+    return adopt<NSProgressIndicator>([[NSProgressIndicator alloc] initWithFrame:frameOf(control)])
+        .get();
 }
 
 Strong<NSView> makeScrollView(NSDictionary* control) {
@@ -100,7 +114,7 @@ Strong<NSView> makeScrollView(NSDictionary* control) {
 
 /// The control that a definition describes; null for a class that no definition may name.
 Strong<NSView> makeControl(NSDictionary* control, NSString* folder) {
-    NSString* const kind = [control objectForKey:@"class"];
+    NSString* const kind = text(control, @"class");
     if ([kind isEqualToString:@"NSTextField"]) {
         return makeLabel(control);
     }
@@ -122,12 +136,15 @@ Strong<NSView> makeControl(NSDictionary* control, NSString* folder) {
     return nil;
 }
 
-/// The controls of a definition.
+/// The controls of a definition that have a name.
 std::vector<NSDictionary*> controlsOf(NSDictionary* definition) {
-    NSArray* const listed = [definition objectForKey:@"controls"];
+    NSArray* const listed = list(definition, @"controls");
     std::vector<NSDictionary*> controls;
     for (NSUInteger index = 0; index < [listed count]; ++index) {
-        controls.push_back([listed objectAtIndex:index]);
+        NSDictionary* const control = as<NSDictionary>([listed objectAtIndex:index]);
+        if (text(control, @"name") != nil) {
+            controls.push_back(control);
+        }
     }
     return controls;
 }
@@ -138,20 +155,24 @@ NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, NSString* folder
     const std::vector<NSDictionary*> controls = controlsOf(definition);
     for (NSDictionary* control : controls) {
         const Strong<NSView> view = makeControl(control, folder);
+        if (view.get() == nil) {
+            continue;
+        }
         [view.get() setAutoresizingMask:resizingOf(control)];
         [pane addSubview:view];
-        [named setObject:view.get() forKey:[control objectForKey:@"name"]];
+        [named setObject:view.get() forKey:text(control, @"name")];
     }
     for (NSDictionary* control : controls) {
-        NSString* const buddy = [control objectForKey:@"buddy"];
-        if (buddy != nil) {
-            as<VexoraTextLabel>([named objectForKey:[control objectForKey:@"name"]])->buddy =
-                as<NSView>([named objectForKey:buddy]);
+        NSString* const buddy = text(control, @"buddy");
+        VexoraTextLabel* const label =
+            as<VexoraTextLabel>([named objectForKey:text(control, @"name")]);
+        if (buddy != nil && label != nil) {
+            label->buddy = as<NSView>([named objectForKey:buddy]);
         }
     }
-    pane->opaquePane = [[definition objectForKey:@"opaque"] boolValue];
-    pane->contentArea = as<NSView>([named objectForKey:[definition objectForKey:@"contentArea"]]);
-    pane->initialFocus = as<NSView>([named objectForKey:[definition objectForKey:@"initialFocus"]]);
+    pane->opaquePane = number(definition, @"opaque") != 0;
+    pane->contentArea = as<NSView>([named objectForKey:text(definition, @"contentArea")]);
+    pane->initialFocus = as<NSView>([named objectForKey:text(definition, @"initialFocus")]);
     return named;
 }
 
@@ -166,11 +187,14 @@ Interface AppKitInterfaceLoader::load(const std::string& name) {
 
     Interface loaded{makeView(pane), {}, {}};
     for (NSDictionary* control : controlsOf(definition)) {
-        NSString* const controlName = [control objectForKey:@"name"];
+        NSString* const controlName = text(control, @"name");
         const std::shared_ptr<View> view = makeView([named objectForKey:controlName]);
+        if (!view) {
+            continue;
+        }
         loaded.view->addSubview(view);
         loaded.outlets.emplace(toUtf8(controlName), view);
-        NSString* const action = [control objectForKey:@"action"];
+        NSString* const action = text(control, @"action");
         if (action != nil) {
             loaded.actions.emplace_back(toUtf8(action), view);
         }

@@ -27,7 +27,8 @@
 /// Gives a pane back.
 - (void)removePane:(VexoraPane*)pane;
 
-/// Gives the keys to the control that has the definition's initial focus, if the pane can be seen.
+/// Gives the keys to the control that has the initial focus of the pane's definition, or of one of
+/// the panes that it holds.
 - (void)takeInitialFocus;
 
 @end

@@ -4,6 +4,7 @@
 #include "Platform/Palette.h"
 
 @interface VexoraPane ()
+- (BOOL)isCovered;
 - (void)mirror:(NSView*)view;
 @end
 
@@ -18,6 +19,7 @@
 }
 
 - (void)addPane:(VexoraPane*)pane below:(BOOL)below {
+    const BOOL covered = [self isCovered];
     if (pane->opaquePane) {
         focusBeforeCover = Vexora::as<NSView>([[self window] firstResponder]);
     }
@@ -26,23 +28,37 @@
     [pane setFrame:everything ? [self bounds] : [contentArea.get() frame]];
     [pane setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
     [self addSubview:pane positioned:below ? NSWindowBelow : NSWindowAbove relativeTo:nil];
-    [pane takeInitialFocus];
+    Vexora::renewKeyViewLoop([self window]);
+    if (!covered) {
+        [pane takeInitialFocus];
+    } else if (pane->initialFocus.get() != nil) {
+        focusBeforeCover = pane->initialFocus;
+    }
 }
 
 - (void)removePane:(VexoraPane*)pane {
+    NSWindow* const window = [self window];
     [pane removeFromSuperview];
+    Vexora::renewKeyViewLoop(window);
     if (pane->opaquePane) {
         // What was covered is shown again only after this call.
         [self performSelector:@selector(restoreFocus) withObject:nil afterDelay:0.0];
     }
 }
 
+- (BOOL)isCovered {
+    for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
+        VexoraPane* const pane = Vexora::as<VexoraPane>([[self subviews] objectAtIndex:index]);
+        if (pane != nil && pane->opaquePane) {
+            return YES;
+        }
+    }
+    return NO;
+}
+
 - (void)restoreFocus {
-    NSView* const before = focusBeforeCover.get();
-    if (before != nil && [before window] == [self window]) {
-        [[self window] makeFirstResponder:before];
-    } else {
-        [Vexora::as<VexoraPane>([[self subviews] lastObject]) takeInitialFocus];
+    if ([focusBeforeCover.get() window] == [self window]) {
+        [[self window] makeFirstResponder:focusBeforeCover];
     }
     focusBeforeCover = nil;
 }
@@ -50,8 +66,11 @@
 - (void)takeInitialFocus {
     NSScrollView* const area = Vexora::as<NSScrollView>(initialFocus.get());
     NSView* const focus = area == nil ? initialFocus.get() : [area documentView];
-    if (focus != nil && ![self isHiddenOrHasHiddenAncestor]) {
+    if (focus != nil) {
         [[self window] makeFirstResponder:focus];
+    }
+    for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
+        [Vexora::as<VexoraPane>([[self subviews] objectAtIndex:index]) takeInitialFocus];
     }
 }
 
@@ -90,7 +109,7 @@
 - (void)drawRect:(NSRect)dirtyRect {
     if (opaquePane) {
         [Vexora::toNSColor(Vexora::paperColor) set];
-        NSRectFill(dirtyRect);
+        NSRectFill([self bounds]);
     }
 }
 

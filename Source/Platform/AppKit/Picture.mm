@@ -1,5 +1,7 @@
 #include "Platform/AppKit/Picture.h"
 
+#include "Platform/AppKit/Accessibility.h"
+
 #include <initializer_list>
 
 @implementation VexoraPicture
@@ -17,10 +19,12 @@
         }
     }
     [self setImage:image];
-    if ([self respondsToSelector:@selector(setAccessibilityElement:)]) {
-        // It says nothing that the texts do not.
-        [self setAccessibilityElement:NO];
-    }
+    // It says nothing that the texts do not.
+    Vexora::hideFromAssistiveTools(self);
+}
+
+- (BOOL)acceptsFirstResponder {
+    return NO;
 }
 
 @end

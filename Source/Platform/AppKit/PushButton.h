@@ -1,4 +1,5 @@
-// The view behind a button: it grows with its title and may be pressed by Escape.
+// The view behind a button: it grows with its title, and takes Return and Escape
+// only while it can be seen.
 #pragma once
 
 #include "Platform/AppKit/Handler.h"
@@ -9,9 +10,13 @@
     BOOL cancels;
 
 @private
+    BOOL isDefault;
     CGFloat leastWidth;
     Vexora::Strong<VexoraHandler> clickHandler;
 }
+
+/// Whether Return presses it.
+- (void)setIsDefault:(BOOL)newDefault;
 
 /// Sets what a press does.
 - (void)setClickHandler:(VexoraHandler*)handler;

@@ -32,9 +32,28 @@
     [self setAction:@selector(handle:)];
 }
 
+- (void)setIsDefault:(BOOL)newDefault {
+    isDefault = newDefault;
+    [self setKeyEquivalent:isDefault ? @"\r" : @""];
+}
+
+- (void)viewDidHide {
+    [self setKeyEquivalent:@""];
+}
+
+- (void)viewDidUnhide {
+    [self setKeyEquivalent:isDefault ? @"\r" : @""];
+}
+
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
-    const BOOL escape = [[event charactersIgnoringModifiers] isEqualToString:@"\033"];
-    if (cancels && escape && ![self isHiddenOrHasHiddenAncestor]) {
+    // A covered button is no less the default one, and a key held down has been pressed before.
+    if ([self isHiddenOrHasHiddenAncestor] || [event isARepeat]) {
+        return NO;
+    }
+    NSString* const key = [event charactersIgnoringModifiers];
+    const BOOL escape = [key isEqualToString:@"\033"];
+    const BOOL enter = [key isEqualToString:@"\003"];
+    if ((cancels && escape) || (enter && isDefault)) {
         [self performClick:self];
         return YES;
     }

@@ -8,6 +8,8 @@
 @public
     /// Whether lines are centred when their text leaves that open.
     BOOL centered;
+    /// The font of runs that have none.
+    Vexora::Strong<NSFont> plainFont;
     /// The control that this label's text names to assistive tools; null for none.
     Vexora::Strong<NSView> buddy;
 
@@ -29,7 +31,13 @@
 /// Whether a click does something.
 - (BOOL)isClickable;
 
+/// Whether the key does what a click does, or would if it were not held down.
+- (BOOL)isPressedBy:(NSEvent*)event;
+
 /// Does what a click does.
 - (void)click;
+
+/// Does the same for assistive tools. Returns whether anything was done.
+- (BOOL)accessibilityPerformPress;
 
 @end

@@ -1,9 +1,13 @@
 #include "Platform/AppKit/TextLabel.h"
 
+#include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/Palette.h"
 
 #include <cmath>
+
+/// What the toolkit leaves free on each side of a cell's lines, in points.
+static const CGFloat cellPadding = 2.0;
 
 /// Draws its lines around the middle of the label.
 @interface VexoraTextCell : NSTextFieldCell {
@@ -17,12 +21,16 @@
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
     if (centersVertically) {
         const NSRect text = [[self attributedStringValue]
-            boundingRectWithSize:NSMakeSize(NSWidth(frame), NSHeight(frame))
+            boundingRectWithSize:NSMakeSize(NSWidth(frame) - 2 * cellPadding, NSHeight(frame))
                          options:NSStringDrawingUsesLineFragmentOrigin];
         const CGFloat rest = NSHeight(frame) - NSHeight(text);
         frame = NSInsetRect(frame, 0.0, rest > 0.0 ? std::floor(rest / 2) : 0.0);
     }
     [super drawInteriorWithFrame:frame inView:view];
+}
+
+- (BOOL)accessibilityPerformPress {
+    return [Vexora::as<VexoraTextLabel>([self controlView]) accessibilityPerformPress];
 }
 
 @end
@@ -73,9 +81,8 @@
                             range:NSMakeRange(0, [text length])];
     }
     [self setAttributedStringValue:shown];
-    if ([buddy.get() respondsToSelector:@selector(setAccessibilityLabel:)]) {
-        [buddy.get() setAccessibilityLabel:[text string]];
-    }
+    Vexora::setAccessibleName(self, [text string]);
+    Vexora::setAccessibleName(buddy, [text string]);
 }
 
 - (void)setUserInterfaceLayoutDirection:(NSUserInterfaceLayoutDirection)newDirection {
@@ -97,9 +104,8 @@
             [[NSClickGestureRecognizer alloc] initWithTarget:self action:@selector(click)]);
         [self addGestureRecognizer:recognizer];
     }
-    if ([self respondsToSelector:@selector(setAccessibilityRole:)]) {
-        [self setAccessibilityRole:NSAccessibilityLinkRole];
-    }
+    Vexora::setAccessibleRole(self, NSAccessibilityLinkRole);
+    [[self window] invalidateCursorRectsForView:self];
 }
 
 - (BOOL)isClickable {
@@ -110,6 +116,11 @@
     // The handler may take this label out of the window.
     const Vexora::Strong<VexoraHandler> handler = clickHandler;
     [handler.get() handle:self];
+}
+
+- (BOOL)accessibilityPerformPress {
+    [self click];
+    return [self isClickable];
 }
 
 - (void)mouseDown:(NSEvent*)event {
@@ -131,24 +142,35 @@
     return [self isClickable];
 }
 
+- (BOOL)canBecomeKeyView {
+    const BOOL everything = ![NSApp respondsToSelector:@selector(isFullKeyboardAccessEnabled)] ||
+                            [NSApp isFullKeyboardAccessEnabled];
+    return everything && [super canBecomeKeyView];
+}
+
+- (void)resetCursorRects {
+    if ([self isClickable]) {
+        [self addCursorRect:[self bounds] cursor:[NSCursor pointingHandCursor]];
+    }
+}
+
 - (BOOL)acceptsFirstResponder {
-    return [self isClickable];
+    // A click leaves the focus where it is.
+    return [self isClickable] && [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
+}
+
+- (BOOL)isPressedBy:(NSEvent*)event {
+    NSString* const keys = [event charactersIgnoringModifiers];
+    return [self isClickable] && ([keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
+                                  [keys isEqualToString:@" "]);
 }
 
 - (void)keyDown:(NSEvent*)event {
-    NSString* const keys = [event charactersIgnoringModifiers];
-    const BOOL presses = [keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
-                         [keys isEqualToString:@" "];
-    if (!presses || ![self isClickable]) {
+    if (![self isPressedBy:event]) {
         [super keyDown:event];
     } else if (![event isARepeat]) {
         [self click];
     }
-}
-
-- (BOOL)accessibilityPerformPress {
-    [self click];
-    return [self isClickable];
 }
 
 - (NSRect)focusRingMaskBounds {

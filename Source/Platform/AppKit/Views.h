@@ -4,6 +4,7 @@
 
 #include "Platform/AppKit/Compatibility.h"
 #include "Platform/Controls.h"
+#include "Platform/Shown.h"
 
 #include <memory>
 
@@ -34,29 +35,12 @@ private:
     Strong<NSView> widget_;
 };
 
-/// A view of the seam whose order, visibility and height its widget follows.
-template <class Base>
-class Shown : public Base, public WidgetOwner {
-public:
-    explicit Shown(NSView* widget) : WidgetOwner(widget) {}
-
-protected:
-    void applySubviewAdded(View& child, std::size_t index) override {
-        addChild(child, index == 0 && this->subviews().size() > 1);
-    }
-    void applySubviewRemoved(View& child) override { removeChild(child); }
-    void applyHidden() override { show(*this); }
-    void applyAlphaValue() override { show(*this); }
-    void applyCovered() override { show(*this); }
-    void applyHeightConstraint(double height) override { fixHeight(height); }
-};
-
-class AppKitView : public Shown<View> {
+class AppKitView : public Shown<View, WidgetOwner> {
 public:
     explicit AppKitView(VexoraPane* pane);
 };
 
-class AppKitTextField : public Shown<TextField> {
+class AppKitTextField : public Shown<TextField, WidgetOwner> {
 public:
     explicit AppKitTextField(VexoraTextLabel* label);
 
@@ -68,7 +52,7 @@ private:
     VexoraTextLabel* label() const;
 };
 
-class AppKitButton : public Shown<Button> {
+class AppKitButton : public Shown<Button, WidgetOwner> {
 public:
     explicit AppKitButton(VexoraButton* button);
 
@@ -79,12 +63,12 @@ private:
     VexoraButton* button() const;
 };
 
-class AppKitImageView : public Shown<ImageView> {
+class AppKitImageView : public Shown<ImageView, WidgetOwner> {
 public:
     explicit AppKitImageView(VexoraPicture* picture);
 };
 
-class AppKitProgressIndicator : public Shown<ProgressIndicator> {
+class AppKitProgressIndicator : public Shown<ProgressIndicator, WidgetOwner> {
 public:
     explicit AppKitProgressIndicator(NSProgressIndicator* bar);
 
@@ -97,7 +81,7 @@ private:
     NSProgressIndicator* bar() const { return as<NSProgressIndicator>(widget()); }
 };
 
-class AppKitTextView : public Shown<TextView> {
+class AppKitTextView : public Shown<TextView, WidgetOwner> {
 public:
     explicit AppKitTextView(Size size);
 
@@ -111,7 +95,7 @@ protected:
 };
 
 /// The scroll view of the definition; the text area inside brings no scroll bar of its own.
-class AppKitScrollView : public Shown<ScrollView> {
+class AppKitScrollView : public Shown<ScrollView, WidgetOwner> {
 public:
     explicit AppKitScrollView(NSScrollView* frame);
 

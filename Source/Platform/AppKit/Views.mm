@@ -71,8 +71,8 @@ VexoraTextLabel* AppKitTextField::label() const {
 }
 
 void AppKitTextField::applyText() {
-    [label() setStyledText:toAttributedText(attributedStringValue(), [label() font],
-                                            [label() textColor])];
+    [label() setStyledText:toAttributedText(attributedStringValue(), label()->plainFont,
+                                            toNSColor(inkColor))];
 }
 
 void AppKitTextField::applyClickable() {
@@ -111,14 +111,19 @@ void AppKitProgressIndicator::applyValue() {
 
 AppKitTextView::AppKitTextView(Size size)
     : Shown(adopt<NSTextView>(
-          [[NSTextView alloc] initWithFrame:NSMakeRect(0.0, 0.0, size.width, size.height)])) {
+                [[NSTextView alloc] initWithFrame:NSMakeRect(0.0, 0.0, size.width, size.height)])
+                .get()) {
     [edit() setMinSize:NSMakeSize(0.0, size.height)];
     [edit() setMaxSize:NSMakeSize(1.0e7, 1.0e7)];
     [edit() setVerticallyResizable:YES];
     [edit() setHorizontallyResizable:NO];
     [edit() setAutoresizingMask:NSViewWidthSizable];
     [[edit() textContainer] setWidthTracksTextView:YES];
-    [edit() setTextContainerInset:NSMakeSize(8.0, 10.0)];
+    [edit() setTextContainerInset:NSMakeSize(0.0, 10.0)];
+    [[edit() textContainer] setLineFragmentPadding:13.0];
+    // Closing a panel of the system's would end the program as closing its own window does.
+    [edit() setUsesFontPanel:NO];
+    [edit() setMenu:adopt<NSMenu>([[NSMenu alloc] init])];
     [edit() setBackgroundColor:toNSColor(sheetColor)];
     [edit() setTextColor:toNSColor(inkColor)];
     [edit() setFont:[NSFont systemFontOfSize:12.0]];

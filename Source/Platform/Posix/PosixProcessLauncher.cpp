@@ -73,12 +73,13 @@ class Attributes {
 public:
     explicit Attributes(const std::string& program) {
         check(::posix_spawnattr_init(&attributes_), program);
+        // Without a scope in front: some systems make macros of these.
         sigset_t none;
-        ::sigemptyset(&none);
+        sigemptyset(&none);
         sigset_t all;
-        ::sigfillset(&all);
-        ::sigdelset(&all, SIGKILL);
-        ::sigdelset(&all, SIGSTOP);
+        sigfillset(&all);
+        sigdelset(&all, SIGKILL);
+        sigdelset(&all, SIGSTOP);
         int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
 #ifdef __APPLE__
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;

@@ -4,6 +4,7 @@
 
 #include "Platform/Controls.h"
 #include "Platform/Qt/Pane.h"
+#include "Platform/Shown.h"
 
 #include <QPointer>
 #include <QProgressBar>
@@ -39,29 +40,12 @@ private:
     QPointer<QWidget> widget_;
 };
 
-/// A view of the seam whose order, visibility and height its widget follows.
-template <class Base>
-class Shown : public Base, public WidgetOwner {
-public:
-    explicit Shown(QWidget* widget) : WidgetOwner(widget) {}
-
-protected:
-    void applySubviewAdded(View& child, std::size_t index) override {
-        addChild(child, index == 0 && this->subviews().size() > 1);
-    }
-    void applySubviewRemoved(View& child) override { removeChild(child); }
-    void applyHidden() override { show(*this); }
-    void applyAlphaValue() override { show(*this); }
-    void applyCovered() override { show(*this); }
-    void applyHeightConstraint(double height) override { fixHeight(height); }
-};
-
-class QtView : public Shown<View> {
+class QtView : public Shown<View, WidgetOwner> {
 public:
     explicit QtView(Pane* pane);
 };
 
-class QtTextField : public Shown<TextField> {
+class QtTextField : public Shown<TextField, WidgetOwner> {
 public:
     explicit QtTextField(TextLabel* label);
 
@@ -73,7 +57,7 @@ private:
     TextLabel* label() const;
 };
 
-class QtButton : public Shown<Button> {
+class QtButton : public Shown<Button, WidgetOwner> {
 public:
     explicit QtButton(QPushButton* button);
 
@@ -84,12 +68,12 @@ private:
     QPushButton* button() const { return static_cast<QPushButton*>(widget()); }
 };
 
-class QtImageView : public Shown<ImageView> {
+class QtImageView : public Shown<ImageView, WidgetOwner> {
 public:
     explicit QtImageView(Picture* picture);
 };
 
-class QtProgressIndicator : public Shown<ProgressIndicator> {
+class QtProgressIndicator : public Shown<ProgressIndicator, WidgetOwner> {
 public:
     explicit QtProgressIndicator(QProgressBar* bar);
 
@@ -104,7 +88,7 @@ private:
     int maximum_;
 };
 
-class QtTextView : public Shown<TextView> {
+class QtTextView : public Shown<TextView, WidgetOwner> {
 public:
     explicit QtTextView(Size size);
 
@@ -118,7 +102,7 @@ protected:
 };
 
 /// The frame is the place; the text area that it shows brings its own scroll bar.
-class QtScrollView : public Shown<ScrollView> {
+class QtScrollView : public Shown<ScrollView, WidgetOwner> {
 public:
     explicit QtScrollView(QFrame* frame);
 

@@ -1,0 +1,16 @@
+// What assistive tools are told about a view. A control with a cell is known to them by the cell,
+// and an area that scrolls by what is in it, so these are told as well. Main thread only.
+#pragma once
+
+#include "Platform/AppKit/Compatibility.h"
+
+namespace Vexora {
+
+/// \param view may be null.
+void setAccessibleName(NSView* view, NSString* name);
+void setAccessibleRole(NSView* view, NSString* role);
+
+/// For what only decorates.
+void hideFromAssistiveTools(NSView* view);
+
+} // namespace Vexora

@@ -1,0 +1,39 @@
+#include "Platform/AppKit/Accessibility.h"
+
+#include <array>
+
+namespace Vexora {
+namespace {
+
+/// The object, or null when it does not answer the message.
+id answering(id object, SEL message) {
+    return [object respondsToSelector:message] ? object : nil;
+}
+
+/// The view, its cell and what it scrolls, as far as they are there and answer the message.
+std::array<id, 3> elementsOf(NSView* view, SEL message) {
+    return {answering(view, message), answering([as<NSControl>(view) cell], message),
+            answering([as<NSScrollView>(view) documentView], message)};
+}
+
+} // namespace
+
+void setAccessibleName(NSView* view, NSString* name) {
+    for (id element : elementsOf(view, @selector(setAccessibilityLabel:))) {
+        [element setAccessibilityLabel:name];
+    }
+}
+
+void setAccessibleRole(NSView* view, NSString* role) {
+    for (id element : elementsOf(view, @selector(setAccessibilityRole:))) {
+        [element setAccessibilityRole:role];
+    }
+}
+
+void hideFromAssistiveTools(NSView* view) {
+    for (id element : elementsOf(view, @selector(setAccessibilityElement:))) {
+        [element setAccessibilityElement:NO];
+    }
+}
+
+} // namespace Vexora

@@ -1,0 +1,118 @@
+#include "AppKit/MacMethods.h"
+
+#include "Platform/AppKit/Conversions.h"
+
+namespace {
+
+/// The targets and actions of recognisers that no view has yet, and the sources of scripts.
+std::map<id, std::pair<id, SEL>> actions;
+std::map<id, std::string> sources;
+
+} // namespace
+
+@implementation NSGestureRecognizer (OnlyOnMac)
+
+- (id)initWithTarget:(id)target action:(SEL)action {
+    self = [self init];
+    actions[self] = {target, action};
+    return self;
+}
+
+@end
+
+@implementation NSView (OnlyOnMac)
+
+- (void)addGestureRecognizer:(NSGestureRecognizer*)recognizer {
+    const auto [target, action] = actions.at(recognizer);
+    AppKitTest::macCalls().recognizers.push_back({self, recognizer, target, action});
+}
+
+- (void)addConstraint:(NSLayoutConstraint*)constraint {
+    AppKitTest::macCalls().constraints.emplace_back(self, constraint);
+}
+
+- (void)setAccessibilityLabel:(NSString*)label {
+    AppKitTest::macCalls().labels[self] = Vexora::toUtf8(label);
+}
+
+- (void)setAccessibilityRole:(NSString*)role {
+    AppKitTest::macCalls().roles[self] = Vexora::toUtf8(role);
+}
+
+- (void)setAccessibilityElement:(BOOL)element {
+    AppKitTest::macCalls().elements[self] = element;
+}
+
+@end
+
+@implementation NSWindow (OnlyOnMac)
+
+- (void)setAppearance:(NSAppearance*)appearance {
+    AppKitTest::macCalls().appearances[self] = Vexora::toUtf8([appearance name]);
+}
+
+@end
+
+@implementation NSFont (OnlyOnMac)
+
++ (NSFont*)systemFontOfSize:(CGFloat)size weight:(CGFloat)weight {
+    AppKitTest::macCalls().fonts.emplace_back(size, weight);
+    return [NSFont boldSystemFontOfSize:size];
+}
+
+@end
+
+@implementation NSAppleScript (OnlyOnMac)
+
+- (id)initWithSource:(NSString*)source {
+    self = [self init];
+    sources[self] = Vexora::toUtf8(source);
+    return self;
+}
+
+- (id)executeAndReturnError:(NSDictionary**)error {
+    AppKitTest::RecordedCalls& calls = AppKitTest::macCalls();
+    calls.scripts.push_back(sources.at(self));
+    if (calls.scriptsSucceed) {
+        return self;
+    }
+    *error = [NSDictionary dictionaryWithObject:@"User canceled." forKey:@"Message"];
+    return nil;
+}
+
+@end
+
+/// Otherwise paragraphs that differ in nothing but their direction would be taken for the same.
+@implementation NSParagraphStyle (OnlyOnMac)
+
+- (BOOL)isEqual:(id)other {
+    NSParagraphStyle* const style = Vexora::as<NSParagraphStyle>(other);
+    return style != nil && [style alignment] == [self alignment] &&
+           [style baseWritingDirection] == [self baseWritingDirection] &&
+           [style lineBreakMode] == [self lineBreakMode];
+}
+
+@end
+
+namespace AppKitTest {
+
+RecordedCalls& macCalls() {
+    static RecordedCalls calls;
+    return calls;
+}
+
+std::vector<Recognizer> recognizersOf(NSView* view) {
+    std::vector<Recognizer> found;
+    for (const Recognizer& recognizer : macCalls().recognizers) {
+        if (recognizer.view == view) {
+            found.push_back(recognizer);
+        }
+    }
+    return found;
+}
+
+void recognize(const Recognizer& recognizer) {
+    [recognizer.target performSelector:recognizer.action withObject:recognizer.object.get()];
+}
+
+} // namespace AppKitTest

@@ -1,0 +1,131 @@
+#include "AppKit/AppKitFixture.h"
+
+#include <map>
+
+namespace AppKitTest {
+
+/// Counts the objects that are there, by their classes.
+class Memory : public AppKitFixture {
+protected:
+    using Counts = std::map<std::string, int>;
+
+    Memory() { countedBefore_ = GSDebugAllocationActive(YES); }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+    ~Memory() override { GSDebugAllocationActive(countedBefore_); }
+
+    static Counts counts() {
+        Counts found;
+        for (const char* name :
+             {"VexoraPane", "VexoraTextLabel", "VexoraButton", "VexoraPicture", "VexoraHandler",
+              "NSTextView", "NSScrollView", "NSProgressIndicator", "NSImage", "NSTextStorage",
+              "NSLayoutManager", "NSTextContainer", "NSBitmapImageRep"}) {
+            found[name] = GSDebugAllocationCount(NSClassFromString(Vexora::toNSString(name)));
+        }
+        return found;
+    }
+
+    /// Lets everything go that waits for the event loop to do so.
+    static void settleAll() {
+        for (int times = 0; times < 3; ++times) {
+            settle();
+        }
+    }
+
+    /// Goes through every screen and lets go of all of them.
+    void visitEveryScreen() {
+        const Vexora::AutoreleaseScope inner;
+        enter(State::LicenseOnFailure);
+        content->licenseView()->backAction();
+        settleAll();
+        controllers = {content, content->startView(), content->installView(),
+                       content->licenseView(), content->failView()};
+        content.reset();
+        mainQueue = HeldMainQueue();
+    }
+
+    std::vector<std::weak_ptr<Vexora::InterfaceController>> controllers;
+
+private:
+    BOOL countedBefore_ = NO;
+};
+
+TEST_F(Memory, countsWhatIsThere) {
+    const Counts before = counts();
+    const auto pane = Vexora::adopt<VexoraPane>([[VexoraPane alloc] init]);
+    EXPECT_EQ(counts().at("VexoraPane"), before.at("VexoraPane") + 1);
+}
+
+TEST_F(Memory, ofEveryScreenIsGivenBackWithTheContent) {
+    visitEveryScreen();
+    settleAll();
+    const Counts before = counts();
+    visitEveryScreen();
+    settleAll();
+    EXPECT_EQ(controllers.size(), 5U);
+    for (const auto& controller : controllers) {
+        EXPECT_TRUE(controller.expired());
+    }
+    EXPECT_EQ(counts(), before);
+    // The window keeps its own pane.
+    EXPECT_EQ(counts().at("VexoraPane"), 0);
+    EXPECT_EQ([[[window() contentView] subviews] count], 0U);
+}
+
+TEST_F(Memory, isNotTakenByOpeningTheLicenseAgain) {
+    enter(State::Install);
+    const auto visitLicense = [this] {
+        const Vexora::AutoreleaseScope inner;
+        content->switchToLicenseView();
+        settle();
+        press(escapeKey);
+    };
+    visitLicense();
+    const Counts before = counts();
+    for (int times = 0; times < 50; ++times) {
+        visitLicense();
+    }
+    EXPECT_EQ(find("backButton"), nil);
+    Counts after = counts();
+    // The ticks of the bar wait in a handler.
+    EXPECT_NEAR(after["VexoraHandler"], before.at("VexoraHandler"), 1);
+    after["VexoraHandler"] = before.at("VexoraHandler");
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(Memory, isNotTakenByBlocksThatHaveRun) {
+    Vexora::AppKitMainQueue queue;
+    const auto held = std::make_shared<int>(0);
+    settleAll();
+    const Counts before = counts();
+    {
+        const Vexora::AutoreleaseScope inner;
+        for (int times = 0; times < 1000; ++times) {
+            queue.async([&, held] { ++*held; });
+            queue.after(0.0001, [&, held] { ++*held; });
+        }
+        EXPECT_GE(counts().at("VexoraHandler"), before.at("VexoraHandler") + 2000);
+        ASSERT_TRUE(waitFor([&] { return *held == 2000; }));
+        settleAll();
+    }
+    EXPECT_EQ(held.use_count(), 1);
+    EXPECT_EQ(counts(), before);
+}
+
+TEST_F(Memory, isNotTakenByTextsSetAgain) {
+    openWindow();
+    const auto setTexts = [this] {
+        const Vexora::AutoreleaseScope inner;
+        content->retranslate();
+        content->startView()->retranslate();
+        settleAll();
+    };
+    setTexts();
+    const Counts before = counts();
+    for (int times = 0; times < 20; ++times) {
+        setTexts();
+    }
+    EXPECT_EQ(counts(), before);
+}
+
+} // namespace AppKitTest

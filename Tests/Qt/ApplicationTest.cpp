@@ -1,6 +1,8 @@
 #include "Qt/QtFixture.h"
 
 #include <QDialog>
+#include <QFont>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTest>
@@ -96,6 +98,20 @@ TEST_F(Application, layoutFollowsTheLanguage) {
         application.setLanguage(language);
         EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight) << language;
     }
+}
+
+TEST_F(Application, writesAForeignScriptInOneTypeface) {
+    const std::pair<const char*, const char*> typefaces[] = {
+        {"ur", "Noto Sans Arabic"}, {"hi", "Noto Sans Devanagari"}, {"bn", "Noto Sans Bengali"}};
+    for (const auto& [language, typeface] : typefaces) {
+        application.setLanguage(language);
+        const QFont desktop = QGuiApplication::font();
+        const QStringList standIns = QFont::substitutes(desktop.family());
+        ASSERT_FALSE(standIns.isEmpty()) << typeface;
+        EXPECT_TRUE(standIns.contains(typeface, Qt::CaseInsensitive)) << typeface;
+        EXPECT_EQ(standIns.first(), QFontInfo(desktop).family().toLower());
+    }
+    application.setLanguage("en");
 }
 
 TEST_F(Application, staysLeftToRightWithoutTheLanguagesTexts) {

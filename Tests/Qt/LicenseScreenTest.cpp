@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QStringDecoder>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QWheelEvent>
 
@@ -130,6 +131,16 @@ TEST_P(LicenseScreen, textWrapsAndScrollsVerticallyOnly) {
     }
 }
 
+TEST_P(LicenseScreen, linesKeepTheDistanceOfTheAreasOwnFont) {
+    enter(State::LicenseOnStart);
+    const qreal needed = QFontMetricsF(text().font()).height();
+    for (QTextBlock block = text().document()->begin(); block.isValid(); block = block.next()) {
+        const QTextBlockFormat format = block.blockFormat();
+        EXPECT_EQ(format.lineHeightType(), QTextBlockFormat::MinimumHeight);
+        EXPECT_EQ(format.lineHeight(), needed);
+    }
+}
+
 TEST_P(LicenseScreen, keysAndWheelScroll) {
     enter(State::LicenseOnStart);
     EXPECT_EQ(text().verticalScrollBar()->value(), 0);
@@ -232,6 +243,29 @@ TEST_F(LicenseFile, isShownWithoutInterpretingMarkup) {
     useLanguage("de");
     openWindow();
     EXPECT_EQ(shownText(), "<b>Text</b> & <i>more</i>");
+}
+
+TEST_F(LicenseFile, keepsItsDirectionInAParagraphThatBeginsWithAForeignName) {
+    const std::u16string agreement = u"\ufeffالترخيص والشروط\nOndrel تثبيت البرنامج";
+    resources.write("LA_ar", {reinterpret_cast<const char*>(agreement.data()),
+                              agreement.size() * sizeof(char16_t)});
+    useLanguage("ar");
+    openWindow();
+    EXPECT_EQ(shownText().count('\n'), 1);
+    const auto* document = find("licenseText")->findChild<QTextEdit*>()->document();
+    EXPECT_EQ(document->firstBlock().textDirection(), Qt::RightToLeft);
+    EXPECT_EQ(document->lastBlock().textDirection(), Qt::RightToLeft);
+}
+
+TEST_F(LicenseFile, ofAnotherDirectionThanTheLayoutKeepsItsOwn) {
+    const std::u16string agreement = u"\ufeffLicence";
+    resources.write("LA_ar", {reinterpret_cast<const char*>(agreement.data()),
+                              agreement.size() * sizeof(char16_t)});
+    useLanguage("ar");
+    openWindow();
+    EXPECT_EQ(shownText(), "Licence");
+    const auto* document = find("licenseText")->findChild<QTextEdit*>()->document();
+    EXPECT_EQ(document->firstBlock().textDirection(), Qt::LeftToRight);
 }
 
 TEST_F(LicenseFile, ofALocaleWithOneLetterIsLookedForWithoutHarm) {

@@ -74,6 +74,22 @@ TEST_F(TextLabelTest, aLineEndBeginsANewLine) {
     EXPECT_EQ(label.sizeHint().width(), width);
 }
 
+TEST_F(TextLabelTest, keepsTheDistanceOfItsLinesInSmallerFonts) {
+    StyledText small;
+    small.append({"one\ntwo", Vexora::Font{"QuillaSans", 4.0}, {}});
+    label.setStyledText(small);
+    EXPECT_GE(label.heightForWidth(200), 2 * label.fontMetrics().height());
+}
+
+TEST_F(TextLabelTest, cutsNoMarkOffThatHangsBelowItsTypeface) {
+    label.setFont(QFont("DejaVu Sans", 18));
+    show("جارٍ");
+    fitTo(200);
+    const QRect ink = inked(painted());
+    EXPECT_GT(ink.top(), 0);
+    EXPECT_LT(ink.bottom(), label.height() - 1);
+}
+
 TEST_F(TextLabelTest, wrapsAtWords) {
     show("several words that do not fit on one line of the label");
     const int line = label.heightForWidth(2000);

@@ -4,6 +4,8 @@
 
 #include <QAccessibleWidget>
 #include <QEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLocale>
@@ -21,6 +23,19 @@ namespace {
 QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
     auto* window = qobject_cast<QtWindow*>(object);
     return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+}
+
+/// Puts a typeface that has the whole of a script first among those that stand in for the
+/// desktop's. Otherwise the first one that has a letter is taken, also in the middle of a word,
+/// where letters of two typefaces do not join.
+void preferTypefaceOf(QLocale::Script script) {
+    const QString name = script == QLocale::BengaliScript ? QStringLiteral("Bengali")
+                                                          : QLocale::scriptToString(script);
+    const QString family = "Noto Sans " + name;
+    if (!QFontDatabase::styles(family).isEmpty()) {
+        const QFont desktop = QGuiApplication::font();
+        QFont::insertSubstitutions(desktop.family(), {QFontInfo(desktop).family(), family});
+    }
 }
 
 } // namespace
@@ -102,7 +117,9 @@ void QtApplication::onWindowWillClose(std::function<void()> handler) {
 }
 
 void QtApplication::setLanguage(const std::string& languageCode) {
-    QGuiApplication::setLayoutDirection(QLocale(toQString(languageCode)).textDirection());
+    const QLocale locale(toQString(languageCode));
+    QGuiApplication::setLayoutDirection(locale.textDirection());
+    preferTypefaceOf(locale.script());
 }
 
 void QtApplication::exit(int status) {

@@ -207,7 +207,8 @@ QSize PaperStyle::sizeFromContents(ContentsType type, const QStyleOption* option
                                    const QSize& contents, const QWidget* widget) const {
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     if (type == CT_PushButton) {
-        size.setHeight(contents.height() + 18);
+        // Not by the text: buttons in a row are of one height, whatever fonts stand in for theirs.
+        size.setHeight(option->fontMetrics.height() + 18);
     }
     return size;
 }

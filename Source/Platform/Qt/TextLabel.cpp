@@ -14,20 +14,28 @@
 namespace Vexora {
 namespace {
 
-/// Free space round the text on each side, in pixels; a focus ring is drawn in it.
+/// Free space beside the text, in pixels; a focus ring is drawn in it.
 constexpr int padding = 4;
+
+/// Free space over and under the text, in pixels: marks may rise above and hang below what the
+/// typeface says of itself.
+constexpr int verticalPadding = 8;
 
 /// A width that no line reaches, in pixels.
 constexpr qreal unlimited = 1e6;
 
-/// Breaks a prepared text into lines of that width; the result is the size that they take.
+/// Breaks a prepared text into lines of that width; the result is the size that they take. A line
+/// takes no less room than the text's own font needs, whatever fonts stand in for it.
 QSizeF setLines(QTextLayout& layout, qreal width) {
+    const QFontMetricsF own(layout.font());
     QSizeF size(0.0, 0.0);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        line.setPosition({0.0, size.height()});
-        size.setHeight(size.height() + line.height());
+        const qreal ascent = qMax(line.ascent(), own.ascent());
+        const qreal descent = qMax(line.descent(), own.descent());
+        line.setPosition({0.0, size.height() + ascent - line.ascent()});
+        size.setHeight(size.height() + std::ceil(ascent + descent));
         size.setWidth(qMax(size.width(), line.naturalTextWidth()));
     }
     layout.endLayout();
@@ -118,24 +126,25 @@ QSize TextLabel::sizeHint() const {
     QTextLayout layout;
     const QSizeF size = layOut(layout, unlimited);
     return {static_cast<int>(std::ceil(size.width())) + 2 * padding,
-            static_cast<int>(std::ceil(size.height())) + 2 * padding};
+            static_cast<int>(std::ceil(size.height())) + 2 * verticalPadding};
 }
 
 QSize TextLabel::minimumSizeHint() const {
     QTextLayout layout;
     layOut(layout, unlimited);
     const int wordWidth = static_cast<int>(std::ceil(layout.minimumWidth()));
-    return {wordWidth + 2 * padding, fontMetrics().height() + 2 * padding};
+    return {wordWidth + 2 * padding, fontMetrics().height() + 2 * verticalPadding};
 }
 
 int TextLabel::heightForWidth(int width) const {
     QTextLayout layout;
     const QSizeF size = layOut(layout, qMax(1, width - 2 * padding));
-    return static_cast<int>(std::ceil(size.height())) + 2 * padding;
+    return static_cast<int>(std::ceil(size.height())) + 2 * verticalPadding;
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {
-    const QRect inside = contentsRect().adjusted(padding, padding, -padding, -padding);
+    const QRect inside =
+        contentsRect().adjusted(padding, verticalPadding, -padding, -verticalPadding);
     QTextLayout layout;
     const QSizeF size = layOut(layout, inside.width());
     qreal top = inside.top();

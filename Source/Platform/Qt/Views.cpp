@@ -6,7 +6,10 @@
 
 #include <QGraphicsOpacityEffect>
 #include <QScrollBar>
+#include <QTextBlockFormat>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextOption>
 #include <QVBoxLayout>
 
 namespace Vexora {
@@ -16,6 +19,17 @@ namespace {
 Pane* paneOf(View& view) {
     const auto* owner = dynamic_cast<const WidgetOwner*>(&view);
     return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
+}
+
+/// The direction of most letters of a text.
+Qt::LayoutDirection prevailingDirection(const QString& text) {
+    qsizetype balance = 0;
+    for (const QChar character : text) {
+        const QChar::Direction direction = character.direction();
+        balance += direction == QChar::DirR || direction == QChar::DirAL ? 1 : 0;
+        balance -= direction == QChar::DirL ? 1 : 0;
+    }
+    return balance > 0 ? Qt::RightToLeft : Qt::LeftToRight;
 }
 
 } // namespace
@@ -120,7 +134,20 @@ void QtTextView::applyRichText() {
 }
 
 void QtTextView::applyString() {
-    edit()->setPlainText(toQString(string()));
+    const QString text = toQString(string());
+    // Paragraphs would follow their first letter, which may be that of a name in another script.
+    QTextOption option = edit()->document()->defaultTextOption();
+    option.setTextDirection(prevailingDirection(text));
+    edit()->document()->setDefaultTextOption(option);
+    edit()->setPlainText(text);
+}
+
+void QtTextView::keepLinesApart() {
+    QTextBlockFormat format;
+    format.setLineHeight(QFontMetricsF(edit()->font()).height(), QTextBlockFormat::MinimumHeight);
+    QTextCursor everything(edit()->document());
+    everything.select(QTextCursor::Document);
+    everything.mergeBlockFormat(format);
 }
 
 void QtTextView::applyEditable() {
@@ -150,6 +177,7 @@ void QtScrollView::applyDocumentView() {
     }
     if (const auto text = std::dynamic_pointer_cast<QtTextView>(documentView())) {
         widget()->layout()->addWidget(text->edit());
+        text->keepLinesApart();
         widget()->setFocusProxy(text->edit());
         text->edit()->setAccessibleName(widget()->accessibleName());
         widget()->setAccessibleName({});

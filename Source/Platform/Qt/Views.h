@@ -94,6 +94,10 @@ public:
 
     QTextEdit* edit() const { return static_cast<QTextEdit*>(widget()); }
 
+    /// Gives every line no less room than the area's own font needs, whatever fonts stand in for it.
+    /// Once the area is in its place and has its font.
+    void keepLinesApart();
+
 protected:
     void applyRichText() override;
     void applyString() override;

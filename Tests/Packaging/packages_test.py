@@ -135,12 +135,12 @@ class ArchiveTest(PackagingTestCase):
                                         "--config", Path(os.environ["VEXORA_BUILD"]) / "CPackConfig.cmake"))
         package, = (self.folder / "package").glob("*.tar.gz")
         with tarfile.open(package) as archive:
-            members = {Path(*Path(member.name).parts[1:]): (member.size, member.mode & 0o100)
-                       for member in archive if member.isfile()}
-        files = [path for path in stage.rglob("*") if path.is_file()]
-        self.assertEqual(members, {path.relative_to(stage): (path.stat().st_size, path.stat().st_mode & 0o100)
-                                   for path in files})
-        self.assertTrue(files)
+            members = {Path(*Path(member.name).parts[1:]): member.linkname or (member.size, member.mode & 0o100)
+                       for member in archive if not member.isdir()}
+        files = [path for path in stage.rglob("*") if not path.is_dir()]
+        self.assertEqual(members, {path.relative_to(stage): os.readlink(path) if path.is_symlink() else
+                                   (path.stat().st_size, path.stat().st_mode & 0o100) for path in files})
+        self.assertTrue(any(path.is_symlink() for path in files))
 
 
 class SettingsTest(PackagingTestCase):

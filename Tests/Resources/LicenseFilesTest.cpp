@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -79,5 +80,29 @@ TEST_P(LicenseFilesTest, haveTheSamePlaceholdersAndParagraphsAsTheEnglishText) {
               shape(readFile(source / "Licenses/LA_en.txt")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, LicenseFilesTest, testing::Values(VEXORA_LANGUAGE_CODES),
+INSTANTIATE_TEST_SUITE_P(Languages, LicenseFilesTest, testing::Values(VEXORA_LICENSE_CODES),
                          [](const auto& parameter) { return parameter.param; });
+
+TEST(LicenseFallbackTest, everyTwoLetterCodeHasAText) {
+    const std::set<std::string> codes = {VEXORA_ISO_CODES};
+    EXPECT_EQ(codes.size(), 183U);
+    for (const std::string& code : codes)
+        EXPECT_FALSE(decodeUtf16(readFile(staged / ("LA_" + code))).empty()) << code;
+}
+
+TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
+    const std::set<std::string> own = {VEXORA_LICENSE_CODES};
+    for (const std::string code : {VEXORA_ISO_CODES}) {
+        const fs::path file = staged / ("LA_" + code);
+        EXPECT_EQ(readFile(file) == readFile(staged / "LA_en"), code == "en" || !own.contains(code))
+            << code;
+        EXPECT_EQ(fs::is_symlink(file), !own.contains(code)) << code;
+        EXPECT_TRUE(own.contains(code) || fs::read_symlink(file) == "LA_en") << code;
+    }
+}
+
+TEST(LicenseFallbackTest, everyLanguageOfTheProgramHasATwoLetterCode) {
+    const std::set<std::string> codes = {VEXORA_ISO_CODES};
+    for (const std::string code : {VEXORA_LANGUAGE_CODES})
+        EXPECT_TRUE(codes.contains(code)) << code;
+}

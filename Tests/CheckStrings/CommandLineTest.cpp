@@ -1,0 +1,96 @@
+#include "CheckStringsFixture.h"
+
+#include "Rules.h"
+
+#include <filesystem>
+
+class CommandLineTest : public CheckStringsFixture {
+protected:
+    /// What the program says on standard error when it cannot do what the arguments ask for.
+    std::string refusalOf(const std::vector<std::string>& arguments) const {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.output, "");
+        return result.errors;
+    }
+};
+
+TEST_F(CommandLineTest, helpNamesUsageAndEveryRule) {
+    const Result help = run({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.errors, "");
+    EXPECT_TRUE(help.output.starts_with("Usage: check-strings "));
+    for (const CheckStrings::RuleText& rule : CheckStrings::allRules) {
+        EXPECT_NE(help.output.find("\n  " + std::string(rule.name) + " "), std::string::npos)
+            << rule.name;
+    }
+}
+
+TEST_F(CommandLineTest, helpComesBeforeWhateverElseIsAsked) {
+    EXPECT_EQ(run({"nowhere", "--help"}).status, 0);
+}
+
+TEST_F(CommandLineTest, misuseIsRefused) {
+    const std::string hint = "; see check-strings --help\n";
+    EXPECT_EQ(refusalOf({}), "check-strings: nothing to check" + hint);
+    EXPECT_EQ(refusalOf({"--quick"}), "check-strings: unknown option --quick" + hint);
+    EXPECT_EQ(refusalOf({"all", "-v"}), "check-strings: unknown option -v" + hint);
+    EXPECT_EQ(refusalOf({"--reference"}), "check-strings: --reference takes one file, once" + hint);
+    EXPECT_EQ(refusalOf({"--reference", "a", "--reference", "b", "c"}),
+              "check-strings: --reference takes one file, once" + hint);
+    EXPECT_EQ(refusalOf({"--reference", "a"}), "check-strings: nothing to check" + hint);
+    EXPECT_EQ(refusalOf({"a", "b"}),
+              "check-strings: strings files are checked against the file behind --reference" +
+                  hint);
+}
+
+TEST_F(CommandLineTest, whatCannotBeReadIsRefused) {
+    folder_.write("reference", catalogueOf({"Start"}));
+    std::filesystem::create_directory(folder_.path() / "folder");
+    EXPECT_EQ(refusalOf({"nowhere"}),
+              "check-strings: cannot read the file nowhere/en.lproj/Localizable.strings\n");
+    EXPECT_EQ(refusalOf({"--reference", "nowhere", "reference"}),
+              "check-strings: cannot read the file nowhere\n");
+    EXPECT_EQ(refusalOf({"--reference", "reference", "nowhere"}),
+              "check-strings: cannot read the file nowhere\n");
+    EXPECT_EQ(refusalOf({"--reference", "reference", "reference", "folder"}),
+              "check-strings: cannot read the file folder\n");
+    EXPECT_EQ(refusalOf({"--reference", "reference", "folder"}),
+              "check-strings: no language folder in folder\n");
+}
+
+TEST_F(CommandLineTest, referenceWithoutEntriesIsRefused) {
+    folder_.write("reference", "Start = Los\n");
+    EXPECT_EQ(refusalOf({"--reference", "reference", "reference"}),
+              "check-strings: no entry in the reference reference\n");
+}
+
+TEST_F(CommandLineTest, languageFolderWithoutStringsFileIsRefused) {
+    folder_.write("all/en.lproj/Localizable.strings", catalogueOf({"Start"}));
+    std::filesystem::create_directory(folder_.path() / "all/de.lproj");
+    EXPECT_EQ(refusalOf({"all"}),
+              "check-strings: cannot read the file all/de.lproj/Localizable.strings\n");
+}
+
+TEST_F(CommandLineTest, licenseThatLeadsNowhereIsRefused) {
+    folder_.write("all/en.lproj/Localizable.strings", catalogueOf({"Start"}));
+    std::filesystem::create_symlink("nowhere", folder_.path() / "all/LA_en");
+    EXPECT_EQ(refusalOf({"all"}), "check-strings: cannot read the file all/LA_en\n");
+}
+
+TEST_F(CommandLineTest, outputThatCannotBeWrittenIsNoSuccess) {
+    const std::string full = "/dev/full";
+    if (!std::filesystem::exists(full)) {
+        GTEST_SKIP() << "this system has no " << full;
+    }
+    EXPECT_EQ(statusOf({"--help"}, full), 2);
+}
+
+TEST_F(CommandLineTest, pathsAreTakenAsTheyAreGiven) {
+    folder_.write("with blank/reference", catalogueOf({"Start"}));
+    folder_.write("with blank/text", "x\n\"Start\" = \"Los\"\n");
+    const std::string text = (folder_.path() / "with blank/text").string();
+    const Lines lines = findings({"--reference", "with blank/reference", text});
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_TRUE(lines.front().starts_with(text + ":1: not-an-entry: ")) << lines.front();
+}

@@ -1,0 +1,115 @@
+#include "CheckStringsFixture.h"
+
+#include <filesystem>
+
+using namespace std::string_literals;
+
+class ResourcesTest : public CheckStringsFixture {
+protected:
+    ResourcesTest() {
+        addLanguage("en");
+        addLanguage("de");
+    }
+
+    void addLanguage(const std::string& code, const std::vector<std::string>& keys = {"Start"}) {
+        folder_.write("all/" + code + ".lproj/Localizable.strings", catalogueOf(keys));
+        folder_.write("all/LA_" + code, text_);
+    }
+
+    /// What is found after the German licence got these bytes.
+    Lines findingsInLicense(const std::string& bytes) {
+        folder_.write("all/LA_de", bytes);
+        return findings({"all"});
+    }
+
+    const std::string text_ = "\xFF\xFEO\0k\0"s;
+};
+
+TEST_F(ResourcesTest, soundOnesPass) {
+    EXPECT_EQ(findings({"all"}), Lines{});
+}
+
+TEST_F(ResourcesTest, everyLanguageIsHeldToTheEnglishKeys) {
+    addLanguage("fr", {"Stop"});
+    EXPECT_EQ(findings({"all"}), (Lines{"all/fr.lproj/Localizable.strings:0: missing-key: Start",
+                                        "all/fr.lproj/Localizable.strings:1: unknown-key: "
+                                        "not a key of the reference: Stop"}));
+}
+
+TEST_F(ResourcesTest, areHeldToTheReferenceThatIsNamed) {
+    folder_.write("reference", catalogueOf({"Stop"}));
+    EXPECT_EQ(findings({"--reference", "reference", "all"}).size(), 4U);
+    folder_.write("reference", catalogueOf({"Start"}));
+    EXPECT_EQ(findings({"--reference", "reference", "all"}), Lines{});
+}
+
+TEST_F(ResourcesTest, englishStringsAreCheckedToo) {
+    folder_.write("all/en.lproj/Localizable.strings", "\n\"Start\" = \"100%\"\n");
+    EXPECT_EQ(findings({"all"}), Lines{"all/en.lproj/Localizable.strings:2: single-percent: "
+                                       "a percent sign is written doubled"});
+}
+
+TEST_F(ResourcesTest, languageWithoutLicenseIsFound) {
+    std::filesystem::remove(folder_.path() / "all/LA_de");
+    EXPECT_EQ(findings({"all"}),
+              Lines{"all/LA_de:0: missing-license: the language has no licence file"});
+}
+
+TEST_F(ResourcesTest, licenseMayBeALink) {
+    std::filesystem::remove(folder_.path() / "all/LA_de");
+    std::filesystem::create_symlink("LA_en", folder_.path() / "all/LA_de");
+    EXPECT_EQ(findings({"all"}), Lines{});
+}
+
+TEST_F(ResourcesTest, licenseWithoutLanguagePassesOrIsFoundLikeAnyOther) {
+    folder_.write("all/LA_fr", text_);
+    EXPECT_EQ(findings({"all"}), Lines{});
+    folder_.write("all/LA_fr", "Ok");
+    EXPECT_EQ(findings({"all"}), Lines{"all/LA_fr:0: license-encoding: "
+                                       "the file does not begin with a byte-order mark of UTF-16"});
+}
+
+TEST_F(ResourcesTest, otherFilesAreLeftAlone) {
+    folder_.write("all/install", "\x80;");
+    folder_.write("all/notes.lproj", "x");
+    folder_.write("all/images/LA_xx", "x");
+    EXPECT_EQ(findings({"all"}), Lines{});
+}
+
+TEST_F(ResourcesTest, licenseWithoutUtf16MarkIsFound) {
+    for (const std::string& bytes :
+         {"O\0k\0"s, "\0O\0k"s, "Ok\n"s, "\xEF\xBB\xBFOk"s, "\xFE"s, "\xFF\xFF"s, ""s}) {
+        EXPECT_EQ(findingsInLicense(bytes),
+                  Lines{"all/LA_de:0: license-encoding: "
+                        "the file does not begin with a byte-order mark of UTF-16"});
+    }
+}
+
+TEST_F(ResourcesTest, licenseOfAnOddLengthIsFound) {
+    EXPECT_EQ(findingsInLicense(text_ + "x"),
+              Lines{"all/LA_de:0: license-encoding: the file has an odd number of bytes"});
+}
+
+TEST_F(ResourcesTest, licenseWithoutTextIsFound) {
+    EXPECT_EQ(
+        findingsInLicense("\xFE\xFF"),
+        Lines{"all/LA_de:0: license-encoding: the file has no text behind its byte-order mark"});
+}
+
+TEST_F(ResourcesTest, licenseWithBrokenSurrogatesIsFound) {
+    for (const std::string& units : {"\xD8\0\0x"s, "\xDB\xFF"s, "\0x\xDC\0"s, "\xD8\0\xD8\0\xDC\0"s,
+                                     "\xDC\0\xD8\0"s, "\xD8\0\xDC\0\xDF\xFF"s}) {
+        EXPECT_EQ(findingsInLicense("\xFE\xFF" + units),
+                  Lines{"all/LA_de:0: license-encoding: the file holds half a pair of surrogates"});
+    }
+}
+
+TEST_F(ResourcesTest, licenseInEitherByteOrderPasses) {
+    EXPECT_EQ(findingsInLicense("\xFE\xFF\0O\xD8\0\xDC\0\xDB\xFF\xDF\xFF\xD7\xFF\xE0\0"s), Lines{});
+    EXPECT_EQ(findingsInLicense("\xFF\xFEO\0\0\xD8\0\xDC\xFF\xDB\xFF\xDF\xFF\xD7\0\xE0"s), Lines{});
+    EXPECT_EQ(findingsInLicense("\xFF\xFE\xD8\0\xDC\0"s), Lines{}); // U+00D8, U+00DC
+}
+
+TEST_F(ResourcesTest, whatTheProgramIsShippedWithPasses) {
+    EXPECT_EQ(findings({VEXORA_STAGED_RESOURCES}), Lines{});
+}

@@ -1,0 +1,96 @@
+#include "EntryLine.h"
+
+#include <algorithm>
+
+namespace CheckStrings {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr auto none = std::string_view::npos;
+
+struct Range {
+    std::size_t start;
+    std::size_t end;
+};
+
+std::optional<Range> findSeparator(std::string_view line) {
+    const std::size_t start = line.find(separator);
+    return start == none ? std::nullopt : std::optional(Range{start, start + separator.size()});
+}
+
+/// The first equals sign between two quotes, with any number of blanks around it, quotes included.
+std::optional<Range> findLooseSeparator(std::string_view line) {
+    for (std::size_t sign = line.find('='); sign != none; sign = line.find('=', sign + 1)) {
+        const std::size_t before = line.substr(0, sign).find_last_not_of(blanks);
+        const std::size_t behind = line.find_first_not_of(blanks, sign + 1);
+        if (before != none && line[before] == '"' && behind != none && line[behind] == '"') {
+            return Range{before, behind + 1};
+        }
+    }
+    return std::nullopt;
+}
+
+/// Where the text that starts with `rest` ends. A quote before a semicolon ends it; otherwise the
+/// last quote does, unless it is the second of a pair inside the text.
+std::optional<std::size_t> findClosingQuote(std::string_view rest) {
+    const std::size_t first = rest.find('"');
+    if (first == none) {
+        return std::nullopt;
+    }
+    const std::size_t behind = rest.find_first_not_of(blanks, first + 1);
+    if (behind != none && rest[behind] == ';') {
+        return first;
+    }
+    if (rest.ends_with('"') || std::ranges::count(rest, '"') % 2 == 1) {
+        return rest.rfind('"');
+    }
+    return std::nullopt;
+}
+
+void readKey(std::string_view head, EntryLine& entry) {
+    const std::size_t quote = head.find('"');
+    if (quote == none && !head.empty()) {
+        entry.faults.push_back(Rule::MissingQuote);
+    } else if (quote != none && quote > 0) {
+        entry.faults.push_back(Rule::Indentation);
+    }
+    entry.key = head.substr(quote == none ? 0 : quote + 1);
+}
+
+void readValue(std::string_view rest, EntryLine& entry) {
+    if (const std::size_t second = rest.find(separator); second != none) {
+        entry.faults.push_back(Rule::RepeatedSeparator);
+        entry.value = rest.substr(0, second);
+        return;
+    }
+    const auto quote = findClosingQuote(rest);
+    if (!quote) {
+        entry.faults.push_back(Rule::MissingQuote);
+    } else if (*quote + 1 < rest.size()) {
+        entry.faults.push_back(Rule::TrailingText);
+    }
+    entry.value = rest.substr(0, quote.value_or(rest.size()));
+}
+
+} // namespace
+
+std::optional<EntryLine> readEntryLine(std::string_view line) {
+    const auto exact = findSeparator(line);
+    const auto middle = exact ? exact : findLooseSeparator(line);
+    if (!middle) {
+        return std::nullopt;
+    }
+    EntryLine entry;
+    if (!exact) {
+        entry.faults.push_back(Rule::Spacing);
+    }
+    readKey(line.substr(0, middle->start), entry);
+    readValue(line.substr(middle->end), entry);
+    if (entry.key.empty() || entry.value.empty()) {
+        entry.faults.push_back(Rule::EmptyText);
+    }
+    return entry;
+}
+
+} // namespace CheckStrings

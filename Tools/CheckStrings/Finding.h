@@ -1,0 +1,45 @@
+// What the checks find, and where.
+#pragma once
+
+#include "Rules.h"
+
+#include <cstddef>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace CheckStrings {
+
+struct Finding {
+    std::string file;
+    /// Counted from 1; 0 stands for the file as a whole.
+    std::size_t line;
+    Rule rule;
+    std::string text;
+};
+
+/// Orders by file, line, rule and text.
+inline bool operator<(const Finding& left, const Finding& right) {
+    return std::tie(left.file, left.line, left.rule, left.text) <
+           std::tie(right.file, right.line, right.rule, right.text);
+}
+
+using Findings = std::vector<Finding>;
+
+/// Takes down what is found in one file.
+class FileReport {
+public:
+    FileReport(std::string file, Findings& findings)
+        : file_(std::move(file)), findings_(findings) {}
+
+    void add(std::size_t line, Rule rule, std::string text) {
+        findings_.push_back({file_, line, rule, std::move(text)});
+    }
+
+private:
+    std::string file_;
+    Findings& findings_;
+};
+
+} // namespace CheckStrings

@@ -1,0 +1,141 @@
+#include "StringsFile.h"
+
+#include "EntryLine.h"
+#include "Utf8.h"
+
+#include <trtools.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace CheckStrings {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr auto none = std::string_view::npos;
+
+struct Mark {
+    std::string_view bytes;
+    std::string_view encoding;
+};
+
+constexpr std::array<Mark, 3> marks = {{
+    {"\xEF\xBB\xBF"sv, "UTF-8"sv},
+    {"\xFE\xFF"sv, "UTF-16"sv},
+    {"\xFF\xFE"sv, "UTF-16"sv},
+}};
+
+/// Takes the lines of one file, one after the other.
+class LineReader {
+public:
+    explicit LineReader(FileReport& report) : report_(report) {}
+
+    /// @param line without line feed.
+    void read(std::string_view line);
+
+    std::vector<Entry> takeEntries() { return std::move(entries_); }
+
+private:
+    bool isComment(std::string_view line);
+    void readEntry(std::string_view line);
+
+    FileReport& report_;
+    std::vector<Entry> entries_;
+    std::size_t number_ = 0;
+    bool inComment_ = false;
+};
+
+void LineReader::read(std::string_view line) {
+    ++number_;
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    if (!decodeUtf8(line)) {
+        report_.add(number_, Rule::InvalidUtf8, "the line is not valid UTF-8");
+    }
+    if (!isComment(line) && line.find_first_not_of(" \t") != none) {
+        readEntry(line);
+    }
+}
+
+bool LineReader::isComment(std::string_view line) {
+    const std::string text = VXLOCAL::TRTools::trim(std::string(line), "", true);
+    if (inComment_) {
+        if (line.find(separator) != none) {
+            report_.add(number_, Rule::Misread,
+                        "the program reads this line although it stands in a comment");
+        }
+        inComment_ = text.find("*/") == std::string::npos;
+        return true;
+    }
+    if (text.starts_with("/*")) {
+        const std::size_t end = text.find("*/", 2);
+        inComment_ = end == std::string::npos;
+        return inComment_ || end + 2 == text.size();
+    }
+    return text.starts_with("#") || text.starts_with("//");
+}
+
+std::string_view wordingOf(Rule fault) {
+    switch (fault) {
+    case Rule::Indentation:
+        return "nothing may stand before the opening quote, not even a blank";
+    case Rule::MissingQuote:
+        return "key and text each stand between two double quotes";
+    case Rule::TrailingText:
+        return "the line must end with the closing quote, without a semicolon or a blank behind it";
+    case Rule::Spacing:
+        return "exactly one space must stand on each side of the equals sign";
+    case Rule::RepeatedSeparator:
+        return "the program drops a line that holds \" = \" with its quotes more than once";
+    default:
+        return "the program drops a line with an empty key or an empty text";
+    }
+}
+
+void LineReader::readEntry(std::string_view line) {
+    const auto entry = readEntryLine(line);
+    if (!entry) {
+        report_.add(number_, Rule::NotAnEntry,
+                    "neither \"key\" = \"text\" nor a comment; the program drops the line");
+        return;
+    }
+    for (const Rule fault : entry->faults) {
+        report_.add(number_, fault, std::string(wordingOf(fault)));
+    }
+    if (!entry->key.empty()) {
+        entries_.push_back(
+            {number_, std::string(entry->key), std::string(entry->value), entry->faults.empty()});
+    }
+}
+
+} // namespace
+
+std::vector<Entry> readEntries(std::string_view bytes, FileReport& report) {
+    LineReader reader(report);
+    const auto mark = std::ranges::find_if(
+        marks, [bytes](const Mark& candidate) { return bytes.starts_with(candidate.bytes); });
+    if (mark != marks.end()) {
+        report.add(1, Rule::ByteOrderMark,
+                   "the file begins with a byte-order mark of " + std::string(mark->encoding));
+        if (mark->encoding == "UTF-16") {
+            return {};
+        }
+        bytes.remove_prefix(mark->bytes.size());
+    }
+    while (!bytes.empty()) {
+        const std::size_t length = std::min(bytes.find('\n'), bytes.size());
+        reader.read(bytes.substr(0, length));
+        bytes.remove_prefix(std::min(length + 1, bytes.size()));
+    }
+    std::vector<Entry> entries = reader.takeEntries();
+    if (mark != marks.end() && !entries.empty() && entries.front().line == 1) {
+        entries.front().sound = false;
+    }
+    return entries;
+}
+
+} // namespace CheckStrings

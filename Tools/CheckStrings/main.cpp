@@ -1,0 +1,61 @@
+// check-strings: holds strings files and licence texts to what the program can really read.
+
+#include "Catalogue.h"
+#include "CommandLine.h"
+#include "Resources.h"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+using namespace CheckStrings;
+
+enum Status { sound = 0, found = 1, failed = 2 };
+
+Findings check(const Request& request) {
+    Findings findings;
+    const std::filesystem::path& first = request.paths.front();
+    if (request.paths.size() == 1 && (!request.reference || is_directory(first))) {
+        const Keys wanted = readKeys(request.reference.value_or(defaultReference(first)));
+        checkResources(first, wanted, findings);
+    } else {
+        const Keys wanted = readKeys(request.reference.value());
+        for (const std::filesystem::path& file : request.paths) {
+            checkCatalogue(file, wanted, findings);
+        }
+    }
+    std::sort(findings.begin(), findings.end());
+    return findings;
+}
+
+Status run(const Request& request) {
+    if (request.wantsHelp) {
+        std::cout << helpText();
+        return sound;
+    }
+    const Findings findings = check(request);
+    for (const Finding& finding : findings) {
+        std::cout << finding.file << ':' << finding.line << ": " << nameOf(finding.rule) << ": "
+                  << finding.text << '\n';
+    }
+    return findings.empty() ? sound : found;
+}
+
+} // namespace
+
+int main(int count, char* arguments[]) {
+    try {
+        const Status status = run(readArguments({arguments + 1, arguments + count}));
+        if (!std::cout.flush()) {
+            throw std::runtime_error("cannot write to standard output");
+        }
+        return status;
+    } catch (const UsageError& error) {
+        std::cerr << "check-strings: " << error.what() << "; see check-strings --help\n";
+    } catch (const std::exception& error) {
+        std::cerr << "check-strings: " << error.what() << '\n';
+    }
+    return failed;
+}

@@ -1,0 +1,58 @@
+#include "ChecksFixture.h"
+
+#include "Words.h"
+
+#include <QTextEdit>
+
+namespace GalleryTest {
+
+class GlyphCheck : public ChecksFixture {};
+
+TEST_F(GlyphCheck, letsEveryScriptOfTheLanguagesPass) {
+    putLabel("Aä Αά АӘ אב ابتہ अआ কখ தமிழ் తెలుగు ไทย ქართული 汉字 かな カナ 한글", {0, 0, 400, 300});
+    static_cast<QLabel*>(window.children().front())->setWordWrap(true);
+    const QString lines = findings().join('\n');
+    EXPECT_FALSE(lines.contains("no installed font has U+")) << lines.toStdString();
+}
+
+TEST_F(GlyphCheck, findsACharacterThatNoFontHas) {
+    const char32_t privateUse = 0x10FFFD;
+    putLabel("Text " + QString::fromUcs4(&privateUse, 1), {10, 10, 200, 40});
+    expectOnly("label: no installed font has U+10FFFD (no script)");
+}
+
+TEST_F(GlyphCheck, findsItBelowTheVisiblePartOfATextArea) {
+    const char32_t privateUse = 0x10FFFD;
+    auto* area = new QTextEdit;
+    area->setPlainText(QString("Text\n").repeated(100) + QString::fromUcs4(&privateUse, 1));
+    put(area, {10, 10, 200, 100}, "area");
+    expectOnly("area: no installed font has U+10FFFD (no script)");
+}
+
+TEST_F(GlyphCheck, findsAWordOfTwoFonts) {
+    QLabel& label = putLabel("a\u0253a", {10, 10, 200, 60});
+    label.setFont(QFont("Noto Sans CJK JP", 12));
+    expectOnly("no installed font has the whole of a word: \"a\u0253a\" (Noto Sans CJK JP and ");
+}
+
+TEST(Words, endWhereTheScriptDoes) {
+    EXPECT_EQ(Gallery::endOfWord("one two", 0), 3);
+    EXPECT_EQ(Gallery::endOfWord("one two", 3), 4);
+    EXPECT_EQ(Gallery::endOfWord("e\u0301te\u0301", 0), 5);
+    EXPECT_EQ(Gallery::endOfWord("می\u200cخواهم", 0), 8);
+    EXPECT_EQ(Gallery::endOfWord("Lumiqを", 0), 5);
+    EXPECT_EQ(Gallery::endOfWord("a1", 0), 1);
+}
+
+TEST(Words, nameACharacterAndItsScript) {
+    EXPECT_EQ(Gallery::characterName(0x0E40).toStdString(), "U+0E40 (Thai)");
+    EXPECT_EQ(Gallery::characterName(0x1F600).toStdString(), "U+1F600 (common to all scripts)");
+}
+
+TEST(Words, tellThePrevailingDirection) {
+    EXPECT_EQ(Gallery::prevailingDirection("Ondrel ترخيص لاستخدام"), Qt::RightToLeft);
+    EXPECT_EQ(Gallery::prevailingDirection("Ondrel Vexora ترخيص"), Qt::LeftToRight);
+    EXPECT_FALSE(Gallery::prevailingDirection("1. (2)"));
+}
+
+} // namespace GalleryTest

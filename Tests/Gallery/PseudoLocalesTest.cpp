@@ -1,0 +1,108 @@
+#include "Languages.h"
+#include "PseudoText.h"
+#include "Support/MessageIdentifiers.h"
+
+#include <kvparser.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QStringDecoder>
+
+#include <gtest/gtest.h>
+
+namespace GalleryTest {
+
+using Gallery::Language;
+using Gallery::languages;
+
+class PseudoLocales : public testing::Test {
+protected:
+    static const Language& language(const std::string& code) {
+        const auto& all = languages();
+        return *std::find_if(all.begin(), all.end(),
+                             [&code](const Language& one) { return one.code == code; });
+    }
+
+    static std::string text(const std::string& code, std::string_view identifier) {
+        VXLOCAL::KVParser catalogue("Localizable.strings");
+        catalogue.setLocaleDir(language(code).resources + "/" + code + ".lproj");
+        catalogue.parse();
+        return catalogue.getMessage(std::string(identifier));
+    }
+
+    static QString licence(const std::string& code) {
+        QFile file(QString::fromStdString(language(code).resources + "/LA_" + code));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << code;
+        QStringDecoder decoder(QStringDecoder::Utf16);
+        return decoder(file.readAll());
+    }
+};
+
+TEST_F(PseudoLocales, areBesideTheLanguagesAndNotAmongThem) {
+    const QDir staged(QString::fromStdString(language("en").resources));
+    EXPECT_TRUE(staged.exists("en.lproj"));
+    for (const char* code : {"xa", "xr", "xl"}) {
+        EXPECT_TRUE(language(code).isPseudo());
+        EXPECT_NE(language(code).resources, language("en").resources);
+        EXPECT_FALSE(staged.exists(QString(code) + ".lproj")) << code;
+        EXPECT_FALSE(staged.exists(QString("LA_") + code)) << code;
+    }
+}
+
+TEST_F(PseudoLocales, followTheEnglishTexts) {
+    for (const std::string_view identifier : TestSupport::messageIdentifiers) {
+        const std::string english = text("en", identifier);
+        EXPECT_EQ(text("xa", identifier), Gallery::accented(english));
+        EXPECT_EQ(text("xr", identifier), Gallery::rightToLeft(english));
+    }
+}
+
+TEST_F(PseudoLocales, takeTheWidestTextOfAllLanguages) {
+    const QFontMetricsF metrics{QFont("Noto Sans", 12)};
+    const auto width = [&metrics](const std::string& one) {
+        return metrics.horizontalAdvance(QString::fromStdString(Gallery::withoutTags(one)));
+    };
+    for (const std::string_view identifier : TestSupport::messageIdentifiers) {
+        const std::string longest = text("xl", identifier);
+        bool isOneOfThem = false;
+        for (const Language& one : languages()) {
+            if (!one.isPseudo()) {
+                const std::string other = text(one.code, identifier);
+                EXPECT_LE(width(other), width(longest)) << one.code << ": " << other;
+                isOneOfThem = isOneOfThem || other == longest;
+            }
+        }
+        EXPECT_TRUE(isOneOfThem) << longest;
+    }
+}
+
+TEST_F(PseudoLocales, haveLicences) {
+    const QString english = licence("en");
+    EXPECT_GT(licence("xa").size() * 10, english.size() * 13);
+    EXPECT_EQ(licence("xr").count('\n'), english.count('\n'));
+    for (const Language& one : languages()) {
+        if (!one.isPseudo()) {
+            EXPECT_LE(licence(one.code).size(), licence("xl").size()) << one.code;
+        }
+    }
+}
+
+TEST_F(PseudoLocales, areNamedAndDirected) {
+    EXPECT_TRUE(language("xr").isRightToLeft());
+    EXPECT_FALSE(language("xa").isRightToLeft());
+    EXPECT_FALSE(language("xl").isRightToLeft());
+    EXPECT_EQ(language("xa").englishName(), "Accented English");
+}
+
+TEST(Languages, areNamedInEnglishAndInTheirOwn) {
+    for (const Language& one : languages()) {
+        EXPECT_FALSE(one.englishName().isEmpty()) << one.code;
+        EXPECT_FALSE(one.ownName().isEmpty()) << one.code;
+        EXPECT_NE(one.englishName(), "C") << one.code;
+    }
+    EXPECT_EQ(languages().front().ownName(), "العربية");
+    EXPECT_TRUE(languages().front().isRightToLeft());
+}
+
+} // namespace GalleryTest

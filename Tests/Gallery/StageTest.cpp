@@ -1,0 +1,135 @@
+#include "Stage.h"
+
+#include "Platform/Qt/TextLabel.h"
+#include "Portrait.h"
+
+#include <QApplication>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextEdit>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace GalleryTest {
+
+using Gallery::Language;
+using Gallery::Scene;
+using Gallery::Stage;
+
+class StageTest : public testing::Test {
+protected:
+    static const Language& language(const std::string& code) {
+        const auto& all = Gallery::languages();
+        return *std::find_if(all.begin(), all.end(),
+                             [&code](const Language& one) { return one.code == code; });
+    }
+
+    static const Scene& scene(const std::string& name) {
+        const auto& all = Gallery::scenes();
+        return *std::find_if(all.begin(), all.end(),
+                             [&name](const Scene& one) { return one.name == name; });
+    }
+
+    /// What a label shows after a scene was entered; nothing when it cannot be seen.
+    static QString shown(Stage& stage, const QString& name) {
+        const auto* label = stage.window().findChild<Vexora::TextLabel*>(name);
+        return label != nullptr && label->isVisible() ? label->text() : QString();
+    }
+};
+
+TEST_F(StageTest, showsTheStartScreenFirst) {
+    Stage stage(language("en"));
+    EXPECT_EQ(shown(stage, "startLabel"), "To install Ondrel Vexora Lumiq, click Start.");
+    EXPECT_EQ(stage.window().windowTitle(), "Ondrel Vexora Lumiq Setup");
+    EXPECT_EQ(stage.window().size(), QSize(640, 580));
+}
+
+TEST_F(StageTest, installsWithTheBarOnItsWay) {
+    Stage stage(language("en"));
+    stage.enter(scene("installing"));
+    EXPECT_EQ(shown(stage, "installLabel"), "Installing Ondrel Vexora Lumiq...");
+    const int value = stage.window().findChild<QProgressBar*>()->value();
+    EXPECT_GT(value, 10);
+    EXPECT_LT(value, 90);
+}
+
+TEST_F(StageTest, completesByItsTicks) {
+    Stage stage(language("en"));
+    stage.enter(scene("completed"));
+    EXPECT_EQ(shown(stage, "installLabel"), "Installation completed!");
+    EXPECT_EQ(stage.window().findChild<QProgressBar*>()->value(), 100);
+}
+
+TEST_F(StageTest, failsWithTheMessageOfEachStatus) {
+    const std::pair<const char*, const char*> messages[] = {
+        {"failure-1", "A system-wide installation already exists. Removing or upgrading requires "
+                      "administrator-level access. Open logs"},
+        {"failure-10", "A newer version of Ondrel Vexora Lumiq is installed on your system. "
+                       "Installation terminated. Open logs"},
+        {"failure-20", "Pre-installation steps failed. Open logs"},
+        {"failure-30", "Failed to extract Ondrel Vexora Lumiq. Open logs"},
+        {"failure-40", "Failed to copy Ondrel Vexora Lumiq Web plugin. Open logs"},
+        {"failure-50", "Post-installation steps failed. Open logs"},
+        {"failure-3", " Open logs"}};
+    for (const auto& [name, message] : messages) {
+        Stage stage(language("en"));
+        stage.enter(scene(name));
+        EXPECT_EQ(shown(stage, "logLabel"), message) << name;
+        EXPECT_EQ(shown(stage, "failLabel"), "Installation failed") << name;
+        EXPECT_EQ(shown(stage, "installLabel"), QString()) << name;
+    }
+}
+
+TEST_F(StageTest, showsTheNoticeWithoutATitle) {
+    Stage stage(language("en"));
+    stage.enter(scene("notice"));
+    EXPECT_EQ(shown(stage, "logLabel"), "Ondrel Vexora Lumiq is already up to date. Open logs");
+    EXPECT_EQ(shown(stage, "failLabel"), QString());
+}
+
+TEST_F(StageTest, showsTheLicenceOfTheLanguage) {
+    Stage stage(language("de"));
+    stage.enter(scene("licence"));
+    EXPECT_EQ(shown(stage, "licenseAgreementLabel"), "Lizenzvereinbarung");
+    EXPECT_TRUE(
+        stage.window().findChild<QTextEdit*>()->toPlainText().contains("LIZENZVEREINBARUNG"));
+}
+
+TEST_F(StageTest, laysTheRightToLeftPseudoLocaleOutFromRightToLeft) {
+    {
+        Stage stage(language("xr"));
+        EXPECT_EQ(stage.window().layoutDirection(), Qt::RightToLeft);
+        EXPECT_TRUE(shown(stage, "startLabel").contains("Ondrel Vexora Lumiq"));
+    }
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+    Stage mirror(language("xr").leftToRight());
+    EXPECT_EQ(mirror.window().layoutDirection(), Qt::LeftToRight);
+}
+
+TEST_F(StageTest, isNeverOnTheDisplay) {
+    Stage stage(language("en"));
+    EXPECT_TRUE(stage.window().testAttribute(Qt::WA_DontShowOnScreen));
+    EXPECT_TRUE(stage.window().isVisible());
+}
+
+TEST_F(StageTest, isPortrayedAtTheScaleOfTheDisplay) {
+    const Gallery::Portrait portrait = Gallery::portray(language("en"), scene("start"));
+    EXPECT_EQ(portrait.title, "Ondrel Vexora Lumiq Setup");
+    EXPECT_EQ(portrait.picture.deviceIndependentSize(), QSizeF(640, 580));
+    EXPECT_EQ(portrait.picture.devicePixelRatio(), qApp->devicePixelRatio());
+    EXPECT_TRUE(portrait.findings.isEmpty());
+}
+
+TEST_F(StageTest, everySceneHasANameOfItsOwn) {
+    QStringList names;
+    for (const Scene& one : Gallery::scenes()) {
+        names.append(QString::fromStdString(one.name));
+    }
+    EXPECT_EQ(names.size(), 12);
+    EXPECT_EQ(names.removeDuplicates(), 0);
+}
+
+} // namespace GalleryTest

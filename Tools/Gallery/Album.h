@@ -1,0 +1,22 @@
+// The pictures of a language on disk, and beside them what the checks found, for the page that
+// shows both. Main thread only.
+//
+// FOLDER/SCALEx/CODE/SCENE.png    a picture
+// FOLDER/SCALEx/CODE.json         an object with code, englishName, ownName, rightToLeft, pseudo
+//                                 and title, and an array `scenes` of objects with name, width,
+//                                 height and an array `findings` of objects with control and text
+#pragma once
+
+#include "Languages.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace Gallery {
+
+/// Renders and measures every scene of a language at the scale of the display.
+/// \return the findings, one line each.
+/// \throws std::runtime_error when a file cannot be written.
+QStringList saveAlbum(const QString& folder, const Language& language);
+
+} // namespace Gallery

@@ -1,0 +1,18 @@
+// What a check found wrong, in words for whoever mends it.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace Gallery {
+
+struct Finding {
+    /// The control, by its name in the interface definition.
+    QString control;
+    /// What is wrong with it, with figures.
+    QString text;
+};
+
+using Findings = QList<Finding>;
+
+} // namespace Gallery

@@ -1,0 +1,40 @@
+// Whether controls keep apart, and whether a layout from right to left is the mirror image of the
+// one from left to right. Main thread only.
+#pragma once
+
+#include "Finding.h"
+#include "PaintedText.h"
+
+#include <QImage>
+#include <QList>
+#include <QRect>
+
+namespace Gallery {
+
+/// Controls that share pixels of the window with a text.
+/// \param texts all that are painted in the window.
+Findings checkApart(QWidget& window, const QList<PaintedText>& texts);
+
+/// Where a control is in its window.
+struct Place {
+    QString control;
+    QRect rect;
+    /// Where the text in it is, in the window; null without one, and for text that scrolls, which
+    /// has a direction of its own.
+    QRectF text;
+    /// How a progress bar looks.
+    QImage bar;
+};
+
+/// The places of all that can be seen in a window, in an order that the direction does not change.
+struct Places {
+    int windowWidth = 0;
+    QList<Place> places;
+};
+
+Places placesIn(QWidget& window, const QList<PaintedText>& texts);
+
+/// What is not where the mirror shows it. Both have the same texts in the same state.
+Findings checkMirrored(const Places& rightToLeft, const Places& leftToRight);
+
+} // namespace Gallery

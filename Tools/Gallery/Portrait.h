@@ -1,0 +1,26 @@
+// One scene in one language: its picture, and what the checks find in it. Main thread only.
+#pragma once
+
+#include "Finding.h"
+#include "Languages.h"
+#include "Scenes.h"
+
+#include <QImage>
+
+namespace Gallery {
+
+struct Portrait {
+    /// The whole window, as dense as the display.
+    QImage picture;
+    /// The window's title.
+    QString title;
+    Findings findings;
+};
+
+/// Brings the installer into the scene and measures what it shows.
+Portrait portray(const Language& language, const Scene& scene);
+
+/// The findings of all checks that look at one window alone.
+Findings checkWindow(QWidget& window);
+
+} // namespace Gallery

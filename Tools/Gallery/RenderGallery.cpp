@@ -1,0 +1,39 @@
+// RenderGallery FOLDER CODE renders every scene of a language or pseudo-locale into the folder, at
+// the scale of the display, and measures what the pictures show. Prints what is wrong, one line
+// each, and fails when there is anything.
+#include "Album.h"
+#include "Platform/Backend.h"
+#include "Toolkit.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fputs("Usage: RenderGallery FOLDER CODE\n", stderr);
+        return 2;
+    }
+    const std::string code = argv[2];
+    const auto& all = Gallery::languages();
+    const auto language =
+        std::find_if(all.begin(), all.end(), [&code](const auto& one) { return one.code == code; });
+    if (language == all.end()) {
+        std::fprintf(stderr, "RenderGallery: there is no language %s\n", code.c_str());
+        return 2;
+    }
+    Gallery::prepareToolkit(language->layoutCode);
+    const Vexora::Backend backend(argv);
+    Gallery::useTypefaceOfPictures();
+    try {
+        const QStringList findings = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), *language);
+        for (const QString& finding : findings) {
+            std::puts(qPrintable(finding));
+        }
+        return findings.isEmpty() ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "RenderGallery: %s\n", error.what());
+        return 2;
+    }
+}

@@ -1,0 +1,71 @@
+// One window of the installer, brought into a state by the screens' own code: the backend's window,
+// loader and widgets, with substitutes for processes, queues and time. It is never put on the
+// display. Main thread only.
+#pragma once
+
+#include "Languages.h"
+#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Qt/Application.h"
+#include "Platform/Qt/InterfaceLoader.h"
+#include "Scenes.h"
+#include "Support/RecordingPlatform.h"
+#include "Support/TemporaryFolder.h"
+#include "ViewController.h"
+
+#include <memory>
+
+namespace Gallery {
+
+/// The backend's application, told which language lays the window out.
+class StageApplication : public Vexora::QtApplication {
+public:
+    explicit StageApplication(std::string layoutLanguage)
+        : layoutLanguage_(std::move(layoutLanguage)) {}
+
+    void setLanguage(const std::string&) override { QtApplication::setLanguage(layoutLanguage_); }
+    void exit(int) override {}
+
+private:
+    std::string layoutLanguage_;
+};
+
+class Stage {
+public:
+    /// Opens the window on its start screen.
+    explicit Stage(const Language& language);
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    ~Stage();
+
+    /// Brings the window from its start screen into the state that the scene shows. Once.
+    void enter(const Scene& scene);
+
+    QWidget& window() { return application_.mainWindow(); }
+
+private:
+    void install();
+    void endInstall(int status);
+
+    TestSupport::TemporaryFolder home_;
+    TestSupport::CallLog calls_;
+    TestSupport::VirtualTime time_;
+    StageApplication application_;
+    TestSupport::RecordingEnvironment environment_;
+    /// Tells the loader where the pictures are, whoever supplies the texts.
+    TestSupport::RecordingEnvironment pictures_;
+    Vexora::QtInterfaceLoader interfaces_{pictures_};
+    TestSupport::ManualMainQueue mainQueue_{calls_, time_};
+    TestSupport::ManualBackgroundQueue backgroundQueue_{calls_};
+    TestSupport::ManualClock clock_{calls_, time_};
+    Vexora::PosixFileSystem files_;
+    TestSupport::ScriptedLauncher processes_{calls_};
+    TestSupport::RecordingAdministratorScript administratorScript_{calls_, time_};
+    TestSupport::RecordingWorkspace workspace_{calls_};
+    TestSupport::RecordingSystemLog systemLog_{calls_};
+    Vexora::Platform platform_{
+        application_, interfaces_,  mainQueue_,           backgroundQueue_, clock_,    files_,
+        processes_,   environment_, administratorScript_, workspace_,       systemLog_};
+    std::shared_ptr<Vexora::ViewController> content_;
+};
+
+} // namespace Gallery

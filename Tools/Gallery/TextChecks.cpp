@@ -1,0 +1,157 @@
+#include "TextChecks.h"
+
+#include "Words.h"
+
+#include <QAbstractButton>
+#include <QFontMetricsF>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextEdit>
+
+#include <algorithm>
+
+namespace Gallery {
+namespace {
+
+/// How far a place may be off, in pixels of the layout: what rounding to whole ones takes.
+constexpr qreal tolerance = 1.0;
+
+/// The room for text inside a control.
+QRectF roomIn(const QWidget& widget) {
+    if (qobject_cast<const QAbstractButton*>(&widget) != nullptr) {
+        // The ring, the outline and the rounding of the corners.
+        return QRectF(widget.rect()).adjusted(8.0, 4.0, -8.0, -4.0);
+    }
+    return widget.contentsRect();
+}
+
+/// The text area whose visible part the widget is.
+QTextEdit* textAreaOf(const QWidget& widget) {
+    auto* edit = qobject_cast<QTextEdit*>(widget.parentWidget());
+    return edit != nullptr && edit->viewport() == &widget ? edit : nullptr;
+}
+
+bool contains(QRectF outer, QRectF inner, bool scrolls) {
+    outer.adjust(-tolerance, -tolerance, tolerance, tolerance);
+    if (scrolls) {
+        inner.setTop(outer.top());
+        inner.setBottom(outer.bottom());
+    }
+    return outer.contains(inner);
+}
+
+/// The characters in an order of their own, for pieces are painted in that of the eye.
+QString sorted(QString text) {
+    text.removeIf([](QChar character) {
+        return character.isSpace() || character.category() == QChar::Other_Format;
+    });
+    std::sort(text.begin(), text.end());
+    return text;
+}
+
+/// How far a line of a mixed text may begin from its side: shaping rounds every piece of it.
+constexpr qreal sideTolerance = 3.0;
+
+bool startsOnItsSide(const QTextBlock& block, const QTextLine& line) {
+    const QRectF room = line.rect();
+    const QRectF text = line.naturalTextRect();
+    return block.textDirection() == Qt::RightToLeft
+               ? qAbs(text.right() - room.right()) <= sideTolerance
+               : qAbs(text.left() - room.left()) <= sideTolerance;
+}
+
+} // namespace
+
+Findings checkInside(const PaintedText& painted) {
+    Findings findings;
+    const QWidget& widget = *painted.widget;
+    const bool scrolls = textAreaOf(widget) != nullptr;
+    for (const PaintedPiece& piece : painted.pieces) {
+        const bool blank = piece.text.trimmed().isEmpty();
+        if (!blank && !contains(roomIn(widget), piece.rect, scrolls)) {
+            findings.append(
+                {nameOf(widget), QString("\"%1\" at %2 leaves the room at %3")
+                                     .arg(piece.text, words(piece.rect), words(roomIn(widget)))});
+        }
+    }
+    const QRectF shown = shownRegionOf(widget).boundingRect();
+    if (!contains(shown, painted.inkRect(), scrolls)) {
+        findings.append(
+            {nameOf(widget),
+             QString("ink at %1 is cut off at %2").arg(words(painted.inkRect()), words(shown))});
+    }
+    return findings;
+}
+
+Findings checkWhole(const PaintedText& painted) {
+    const QString held = textHeldBy(*painted.widget);
+    if (held.isEmpty() || sorted(held) == sorted(painted.characters())) {
+        return {};
+    }
+    return {{nameOf(*painted.widget),
+             QString("holds \"%1\", but paints \"%2\"").arg(held, painted.characters())}};
+}
+
+Findings checkTags(const QString& control, const QString& text) {
+    static const QRegularExpression tag("</?[A-Za-z]+/?>");
+    const QRegularExpressionMatch match = tag.match(text);
+    if (!match.hasMatch()) {
+        return {};
+    }
+    return {{control, QString("shows the tag %1").arg(match.captured())}};
+}
+
+Findings checkLines(const PaintedText& painted) {
+    QList<qreal> baselines;
+    for (const PaintedPiece& piece : painted.pieces) {
+        baselines.append(piece.baseline);
+    }
+    std::sort(baselines.begin(), baselines.end());
+    const qreal needed = QFontMetricsF(painted.widget->font()).height();
+    for (qsizetype index = 1; index < baselines.size(); ++index) {
+        const qreal distance = baselines.at(index) - baselines.at(index - 1);
+        if (distance > tolerance && distance < needed - tolerance) {
+            return {
+                {nameOf(*painted.widget), QString("sets its lines %1 apart, but the font takes %2")
+                                              .arg(distance)
+                                              .arg(needed)}};
+        }
+    }
+    return {};
+}
+
+Findings checkParagraphs(const PaintedText& painted) {
+    const QTextEdit* area = textAreaOf(*painted.widget);
+    if (area == nullptr) {
+        return {};
+    }
+    Findings findings;
+    const QString name = nameOf(*area);
+    const qreal width = area->document()->size().width();
+    if (area->horizontalScrollBar()->maximum() > 0 || width > area->viewport()->width()) {
+        findings.append({name, QString("scrolls sideways: %1 wide, but there is room for %2")
+                                   .arg(width)
+                                   .arg(area->viewport()->width())});
+    }
+    const auto direction = prevailingDirection(area->toPlainText());
+    for (QTextBlock block = area->document()->begin(); block.isValid(); block = block.next()) {
+        // What is in another language than the whole may follow either.
+        if (prevailingDirection(block.text()) == direction && block.textDirection() != direction) {
+            findings.append({name, QString("sets a paragraph in the wrong direction: \"%1\"")
+                                       .arg(block.text().left(40))});
+        }
+        for (int line = 0; line < block.layout()->lineCount(); ++line) {
+            if (!startsOnItsSide(block, block.layout()->lineAt(line))) {
+                findings.append({name, QString("begins line %1 of a paragraph on the wrong side: "
+                                               "\"%2\"")
+                                           .arg(line + 1)
+                                           .arg(block.text().left(40))});
+            }
+        }
+    }
+    return findings;
+}
+
+} // namespace Gallery

@@ -1,0 +1,35 @@
+#include "Toolkit.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QMessageLogger>
+#include <QString>
+
+#include <cstdio>
+
+namespace Gallery {
+namespace {
+
+void showMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
+    const bool expected = message.startsWith("  OpenType support missing") ||
+                          message.contains("does not support propagateSizeHints") ||
+                          message.contains("XDG_RUNTIME_DIR not set");
+    if (!expected) {
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+    }
+}
+
+} // namespace
+
+void prepareToolkit(const std::string& code) {
+    qputenv("FC_LANG", QByteArray::fromStdString(code));
+    qInstallMessageHandler(showMessage);
+}
+
+void useTypefaceOfPictures() {
+    QFont font = QApplication::font();
+    font.setFamily("Noto Sans");
+    QApplication::setFont(font);
+}
+
+} // namespace Gallery

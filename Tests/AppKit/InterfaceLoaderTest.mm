@@ -89,11 +89,12 @@ TEST_F(InterfaceLoader, makesEveryKindOfControlInOrder) {
     EXPECT_TRUE(is("image", static_cast<Vexora::AppKitImageView*>(nullptr)));
     EXPECT_TRUE(is("bar", static_cast<Vexora::AppKitProgressIndicator*>(nullptr)));
     EXPECT_TRUE(is("scroll", static_cast<Vexora::AppKitScrollView*>(nullptr)));
+    const Names names{"area", "text", "button", "image", "bar", "scroll"};
     NSArray* const widgets = [widgetOf(*loaded.view) subviews];
-    ASSERT_EQ([widgets count], 6U);
-    for (NSUInteger index = 0; index < 6; ++index) {
+    ASSERT_EQ([widgets count], names.size());
+    for (NSUInteger index = 0; index < names.size(); ++index) {
         EXPECT_EQ(NSMinX([[widgets objectAtIndex:index] frame]), double(index + 1));
-        EXPECT_EQ(loaded.view->subviews()[index].get() != nullptr, true);
+        EXPECT_EQ(loaded.view->subviews()[index], loaded.outlets.at(names[index]));
     }
     ASSERT_EQ(loaded.actions.size(), 1U);
     EXPECT_EQ(loaded.actions.front().first, "press");

@@ -67,7 +67,7 @@ class Program:
                              "mousedown", 1, "sleep", 0.1, "mouseup", 1)
 
     def shows(self, place, condition):
-        """Whether a condition holds for red, green and blue, from 0 to 255, of a place of the content."""
+        """Whether a condition holds for the red, green and blue of a place of the content."""
         text = subprocess.run(
             ["import", "-window", self.window, "-crop", "1x1+{}+{}".format(*place), "-depth", "8",
              "txt:-"],
@@ -78,9 +78,9 @@ class Program:
         return found is not None and condition(*(int(part, 16) for part in found.groups()))
 
     def wait_success(self):
-        """Waits until the bar is full."""
+        """Waits until the bar is full, which is grey; what is not painted yet is black."""
         wait_until("a full bar", lambda: self.shows(
-            END_OF_BAR, lambda red, green, blue: max(red, green, blue) < 150), 60)
+            END_OF_BAR, lambda *color: min(color) > 50 and max(color) < 150), 60)
 
     def wait_failure(self):
         """Waits until the red icon shows."""

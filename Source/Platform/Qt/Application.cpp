@@ -25,9 +25,10 @@ QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
     return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
 }
 
-/// Puts a typeface that has the whole of a script first among those that stand in for the
-/// desktop's. Otherwise the first one that has a letter is taken, also in the middle of a word,
-/// where letters of two typefaces do not join.
+/// Puts a typeface that has the whole of a script first among those that stand in for the desktop's
+/// where that one lacks letters. Left alone, the toolkit takes for each letter the first one that has
+/// it, also in the middle of a word, where letters of two typefaces do not join. A desktop's own
+/// typeface that has a part of the script still comes first.
 void preferTypefaceOf(QLocale::Script script) {
     const QString name = script == QLocale::BengaliScript ? QStringLiteral("Bengali")
                                                           : QLocale::scriptToString(script);

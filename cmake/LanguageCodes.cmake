@@ -1,4 +1,4 @@
-# Every two-letter language code: ISO 639-1 as the registration authority, the Library of Congress, lists it, 183 codes.
+# Every two-letter language code: ISO 639-1 as the Library of Congress lists it, 183 codes.
 # "bh" and "sh", which older lists have, are withdrawn.
 
 set(VEXORA_ISO_CODES

@@ -27,7 +27,16 @@ TEST_F(CommandLineTest, helpNamesUsageAndEveryRule) {
 }
 
 TEST_F(CommandLineTest, helpComesBeforeWhateverElseIsAsked) {
-    EXPECT_EQ(run({"nowhere", "--help"}).status, 0);
+    const std::string help = run({"--help"}).output;
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"nowhere", "--help"},
+          {"--bogus", "--help"},
+          {"--reference", "--help"},
+          {"--reference", "a", "--reference", "--help"}}) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.status, 0) << arguments.front();
+        EXPECT_EQ(result.output, help) << arguments.front();
+    }
 }
 
 TEST_F(CommandLineTest, misuseIsRefused) {
@@ -65,17 +74,38 @@ TEST_F(CommandLineTest, referenceWithoutEntriesIsRefused) {
               "check-strings: no entry in the reference reference\n");
 }
 
-TEST_F(CommandLineTest, languageFolderWithoutStringsFileIsRefused) {
-    folder_.write("all/en.lproj/Localizable.strings", catalogueOf({"Start"}));
-    std::filesystem::create_directory(folder_.path() / "all/de.lproj");
-    EXPECT_EQ(refusalOf({"all"}),
-              "check-strings: cannot read the file all/de.lproj/Localizable.strings\n");
+TEST_F(CommandLineTest, fileThatCannotBeReadToItsEndIsNamed) {
+    const std::string memory = "/proc/self/mem"; // a regular file whose first byte cannot be read
+    if (!std::filesystem::is_regular_file(memory)) {
+        GTEST_SKIP() << "this system has no " << memory;
+    }
+    folder_.write("reference", catalogueOf({"Start"}));
+    EXPECT_EQ(refusalOf({"--reference", "reference", memory}),
+              "check-strings: cannot read the file " + memory + "\n");
+    EXPECT_EQ(refusalOf({"--reference", memory, "reference"}),
+              "check-strings: cannot read the file " + memory + "\n");
 }
 
-TEST_F(CommandLineTest, licenseThatLeadsNowhereIsRefused) {
-    folder_.write("all/en.lproj/Localizable.strings", catalogueOf({"Start"}));
-    std::filesystem::create_symlink("nowhere", folder_.path() / "all/LA_en");
-    EXPECT_EQ(refusalOf({"all"}), "check-strings: cannot read the file all/LA_en\n");
+TEST_F(CommandLineTest, linkLoopIsAFileThatCannotBeRead) {
+    folder_.write("reference", catalogueOf({"Start"}));
+    std::filesystem::create_symlink("loop", folder_.path() / "loop");
+    EXPECT_EQ(refusalOf({"--reference", "reference", "loop"}),
+              "check-strings: cannot read the file loop\n");
+}
+
+TEST_F(CommandLineTest, controlCharactersAreNeverPrintedAsTheyAre) {
+    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("a\nb\x1B[1m",
+                  "\"Start\" = \"a\\n\x1B[2m\xC2\x9B\x7Fé\"\"\n\"\xFF\" = \"Los\"\n");
+    const std::string name = R"(a\x0Ab\x1B[1m)";
+    EXPECT_EQ(findings({"--reference", "reference", "a\nb\x1B[1m"}),
+              (Lines{name + R"(:1: misread: the program reads: a\x0A\x1B[2m\xC2\x9B\x7Fé)",
+                     name + ":2: invalid-utf-8: the line is not valid UTF-8",
+                     name + R"(:2: unknown-key: not a key of the reference: \xFF)"}));
+    EXPECT_EQ(refusalOf({"--a\x1B"}),
+              "check-strings: unknown option --a\\x1B; see check-strings --help\n");
+    EXPECT_EQ(refusalOf({"--reference", "b\nc", "d"}),
+              "check-strings: cannot read the file b\\x0Ac\n");
 }
 
 TEST_F(CommandLineTest, outputThatCannotBeWrittenIsNoSuccess) {

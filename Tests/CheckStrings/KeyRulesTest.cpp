@@ -81,6 +81,20 @@ TEST_F(KeyRulesTest, entryInACommentOfSeveralLinesIsMisread) {
     EXPECT_EQ(findingsIn("/*\nold: \"Start\"=\"Lauf\"\n*/\n" + entry, {"Start"}), Lines{});
 }
 
+TEST_F(KeyRulesTest, lineOfACommentThatTheProgramNeverLooksUpPasses) {
+    const std::string entry = "\"Start\" = \"Los\"\n";
+    for (const std::string line :
+         {"say \"a\" = \"b\"", " * \"Start\" = \"Lauf\"", "\"Start\" = \"a\" = \"b\"",
+          "\"Start\" = \"\"", "\"\" = \"Lauf\"", "\"Stop\" = \"Halt\"", "\"Start\"=\"Lauf\""}) {
+        EXPECT_EQ(findingsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{}) << line;
+    }
+    for (const std::string line : {"\"\"Start\" = \"Lauf\"", "Start\" = \"Lauf",
+                                   "\"Start\" = \"a\" = \"", "\"Start\" = \" \""}) {
+        EXPECT_EQ(findingsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{"2: misread"})
+            << line;
+    }
+}
+
 TEST_F(KeyRulesTest, entryThatALaterCommentReplacesIsMisreadToo) {
     EXPECT_EQ(findingsIn("\"Start\" = \"Los\"\n/*\n\"Start\" = \"Lauf\"\n*/\n", {"Start"}),
               (Lines{"1: misread", "3: misread"}));

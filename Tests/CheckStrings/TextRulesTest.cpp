@@ -1,81 +1,10 @@
-#include "CheckStringsFixture.h"
+#include "TextCases.h"
 
 using TextRulesTest = LineCaseTest;
 
 TEST_P(TextRulesTest, findsOneFaultOrPasses) {
     check();
 }
-
-namespace {
-
-LineCase found(const char* name, const std::string& key, const std::string& text,
-               const std::string& rule) {
-    return {name, key, "\"" + key + "\" = \"" + text + "\"", rule};
-}
-
-LineCase passes(const char* name, const std::string& key, const std::string& text) {
-    return found(name, key, text, "");
-}
-
-} // namespace
-
-INSTANTIATE_TEST_SUITE_P(
-    Conversions, TextRulesTest,
-    testing::Values(found("missing", "%d of %s", "%d", "conversions"),
-                    found("additional", "Start", "Los, %s", "conversions"),
-                    found("reordered", "%d of %s", "%s: %d", "conversions"),
-                    found("otherLetter", "%d files", "%u Dateien", "conversions"),
-                    found("otherLength", "%ld files", "%d Dateien", "conversions"),
-                    found("positional", "%d of %s", "%1$d von %2$s", "conversions"),
-                    found("positionalReordered", "%d of %s", "%2$s: %1$d", "conversions"),
-                    found("widthFromAnArgument", "%d files", "%*d Dateien", "conversions"),
-                    found("precisionFromAnArgument", "%f times", "%.*f mal", "conversions"),
-                    found("blankAsFlag", "Start", "zu 100 % da", "conversions"),
-                    found("writtenByAnEscape", "a\\n%s", "a\\nb", "conversions"),
-                    passes("same", "%d of %s", "%d von %s"),
-                    passes("otherFlag", "%d files", "%+d Dateien"),
-                    passes("otherWidth", "%5d files", "%-8d Dateien"),
-                    passes("otherPrecision", "%.1f times", "%08.3f mal"),
-                    passes("sameWithArgumentsAsWidthAndPrecision", "%*.*f times", "%-*.*f mal"),
-                    passes("longLength", "%lld files", "%lld Dateien"),
-                    passes("doubledPercentIsNone", "%d files", "%%s %d %%d")),
-    TextRulesTest::nameOf);
-
-INSTANTIATE_TEST_SUITE_P(
-    SinglePercent, TextRulesTest,
-    testing::Values(found("atTheEnd", "Start", "100%", "single-percent"),
-                    found("beforeAnotherCharacter", "Start", "100%!", "single-percent"),
-                    found("behindADoubledOne", "Start", "100%%%", "single-percent"),
-                    found("withFlagsOnly", "Start", "100%-5", "single-percent"),
-                    found("positionWithoutLetter", "Start", "%1$", "single-percent"),
-                    found("doubledWithAWidthBetween", "Start", "%5%", "single-percent"),
-                    found("withAnArgumentAsWidthOnly", "Start", "%*!", "single-percent"),
-                    passes("doubled", "Start", "100%%"),
-                    passes("doubledTwice", "Start", "%%%%, %%")),
-    TextRulesTest::nameOf);
-
-INSTANTIATE_TEST_SUITE_P(
-    Tags, TextRulesTest,
-    testing::Values(found("closingMissing", "<b>Go</b>", "<b>Los", "unbalanced-tags"),
-                    found("openingMissing", "<b>Go</b>", "Los</b>", "unbalanced-tags"),
-                    found("closingFirst", "<b>Go</b>", "</b>Los<b>", "unbalanced-tags"),
-                    found("closingTwice", "<b>Go</b>", "<b>Los</b></b>", "unbalanced-tags"),
-                    found("brokenClosing", "<b>Go</b>", "<b>Los</b", "unbalanced-tags"),
-                    found("endedByAnotherTag", "<a>Go</a>, <b>now</b>", "<a>Los</b>",
-                          "unbalanced-tags"),
-                    found("oneInsideTheOther", "<b>Go</b>", "<b>L<b>o</b>s</b>", "nested-tags"),
-                    found("otherName", "<b>Go</b>", "<b>Lo</b><i>", "foreign-tags"),
-                    found("capitals", "<b>Go</b>", "<b>Lo</b></B>", "foreign-tags"),
-                    found("attributes", "<b>Go</b>", "<b>Lo</b><b id=1>", "foreign-tags"),
-                    found("noneInTheKey", "Start", "Lo<br>s", "foreign-tags"),
-                    found("none", "<b>Go</b>", "Los", "missing-tags"),
-                    passes("moved", "Now <b>go</b>!", "<b>Los</b> jetzt!"),
-                    passes("otherTag", "<a>Go</a>", "<a>Los</a>"),
-                    passes("repeatedOneAfterTheOther", "<b>Go</b>", "<b>Lo</b> <b>los</b>"),
-                    passes("plainAngleBrackets", "Start", "1 < 2 > 1, <>, </>, < b>, <3>, <-- a"),
-                    passes("letterBehindAPlainAngleBracket", "<b>Go</b>", "a<b <b>Los</b>"),
-                    passes("plainAngleBracketBeforeATag", "<b>Go</b>", "1 <<b>Los</b>> 2")),
-    TextRulesTest::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(Escapes, TextRulesTest,
                          testing::Values(found("quote", "Start", R"(Das \"Los\" da)",
@@ -91,26 +20,18 @@ INSTANTIATE_TEST_SUITE_P(Escapes, TextRulesTest,
                                          passes("inTheKey", R"(Say \"go\" now)", "Los")),
                          TextRulesTest::nameOf);
 
-namespace {
-
-std::string many(std::size_t count) {
-    return std::string(count, 'x');
-}
-
-} // namespace
-
 INSTANTIATE_TEST_SUITE_P(
-    Length, TextRulesTest,
-    testing::Values(
-        found("oneByteTooLong", "Start", many(999), "long-result"),
-        found("oneByteTooLongWithEscapes", "Start", many(998) + "\\n", "long-result"),
-        found("oneByteTooLongWithAPercentSign", "Start", many(998) + "%%", "long-result"),
-        found("oneByteTooLongWithAConversion", "%s", many(999) + "%s", "long-result"),
-        found("fewCharactersOfManyBytes", "Start", many(997) + "\xC3\xA9", "long-result"),
-        passes("longest", "Start", many(998)),
-        passes("longestAfterUnescaping", "Start", many(996) + "\\n\\n"),
-        passes("longestAfterFormatting", "%d", many(997) + "%%%d"),
-        passes("longestWithManyBytes", "Start", many(996) + "\xC3\xA9")),
+    EmptyText, TextRulesTest,
+    testing::Values(found("blank", "Start", " ", "empty-text"),
+                    found("escapes", "Start", R"(\n\t)", "empty-text"),
+                    found("noBreakSpace", "Start", "\u00A0", "empty-text"),
+                    found("zeroWidthSpace", "Start", "\u200B", "empty-text"),
+                    found("softHyphen", "Start", "\u00AD", "empty-text"),
+                    found("ideographicSpace", "Start", "\u3000", "empty-text"),
+                    found("byteOrderMarkAndWordJoiner", "Start", "\uFEFF\u2060", "empty-text"),
+                    found("withoutTheTagsOfTheKey", "<b>Go</b>", "\u2003", "empty-text"),
+                    passes("dotAmongBlanks", "Start", " .\u00A0"),
+                    passes("conversion", "%d", " %d ")),
     TextRulesTest::nameOf);
 
 namespace {

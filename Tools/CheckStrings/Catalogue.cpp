@@ -32,13 +32,24 @@ void checkKeys(const std::vector<Entry>& entries, const Keys& wanted, FileReport
     }
 }
 
+/// A commented entry under another key harms nobody, since nothing looks it up.
+void checkComments(const std::vector<CommentedEntry>& commented, const Keys& wanted,
+                   FileReport& report) {
+    for (const CommentedEntry& entry : commented) {
+        if (wanted.contains(entry.key)) {
+            report.add(entry.line, Rule::Misread,
+                       "the program reads this line although it stands in a comment");
+        }
+    }
+}
+
 } // namespace
 
 Keys readKeys(const std::filesystem::path& reference) {
     Findings ignored;
     FileReport report(reference.string(), ignored);
     Keys keys;
-    for (Entry& entry : readEntries(readBytes(reference), report)) {
+    for (Entry& entry : readStrings(readBytes(reference), report).entries) {
         keys.insert(std::move(entry.key));
     }
     if (keys.empty()) {
@@ -49,12 +60,15 @@ Keys readKeys(const std::filesystem::path& reference) {
 
 void checkCatalogue(const std::filesystem::path& file, const Keys& wanted, Findings& findings) {
     FileReport report(file.string(), findings);
-    const std::vector<Entry> entries = readEntries(readBytes(file), report);
-    checkKeys(entries, wanted, report);
-    for (const Entry& entry : entries) {
-        checkText(entry, report);
+    const Strings strings = readStrings(readBytes(file), report);
+    checkKeys(strings.entries, wanted, report);
+    checkComments(strings.commented, wanted, report);
+    for (const Entry& entry : strings.entries) {
+        if (!entry.value.empty()) {
+            checkText(entry, report);
+        }
     }
-    compareWithProgram(file, entries, report);
+    compareWithProgram(file, strings.entries, report);
 }
 
 } // namespace CheckStrings

@@ -17,7 +17,7 @@ using Keys = std::set<std::string>;
 Keys readKeys(const std::filesystem::path& reference);
 
 /// Checks a strings file by all rules.
-/// @throws std::runtime_error when the file cannot be read.
+/// @throws UnreadableFile when the file cannot be read.
 void checkCatalogue(const std::filesystem::path& file, const Keys& wanted, Findings& findings);
 
 } // namespace CheckStrings

@@ -2,6 +2,8 @@
 
 #include "Rules.h"
 
+#include <algorithm>
+
 namespace CheckStrings {
 
 namespace {
@@ -15,7 +17,9 @@ licence files LA_xx, or single strings files. Their keys must be those of the re
 RESOURCES/en.lproj/Localizable.strings unless another file is named.
 
 Each finding takes a line "file:line: rule: text"; line 0 stands for the file as a whole.
-The status is 0 without findings, 1 with findings, and 2 when nothing could be checked.
+Control characters and what is not valid UTF-8 are written as \x and two digits per byte.
+The status is 0 without findings, 1 with findings, and 2 when the arguments make no sense or when a
+file named in them, the reference or RESOURCES itself cannot be read.
 
 An entry is a line "key" = "text"; what stands between key and text, quotes included, is its
 separator. Blank lines, lines that begin with # or //, and what stands between /* and */ are no
@@ -32,11 +36,11 @@ Rules:
 
 Request readArguments(const std::vector<std::string>& arguments) {
     Request request;
+    if (std::ranges::find(arguments, "--help") != arguments.end()) {
+        request.wantsHelp = true;
+        return request;
+    }
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        if (*argument == "--help") {
-            request.wantsHelp = true;
-            return request;
-        }
         if (*argument == "--reference") {
             if (request.reference || ++argument == arguments.end()) {
                 throw UsageError("--reference takes one file, once");

@@ -22,6 +22,7 @@ struct Request {
     std::vector<std::filesystem::path> paths;
 };
 
+/// Help comes first, wherever it is asked for.
 /// @param arguments without the program's name.
 /// @throws UsageError.
 Request readArguments(const std::vector<std::string>& arguments);

@@ -31,21 +31,45 @@ std::optional<Range> findLooseSeparator(std::string_view line) {
     return std::nullopt;
 }
 
-/// Where the text that starts with `rest` ends. A quote before a semicolon ends it; otherwise the
-/// last quote does, unless it is the second of a pair inside the text.
+/// Whether a comment stands behind a quote, at least one blank away: `"#"` is a text.
+bool startsWithComment(std::string_view behind) {
+    const std::size_t start = std::min(behind.find_first_not_of(blanks), behind.size());
+    const std::string_view text = behind.substr(start);
+    return start > 0 && (text.starts_with("//") || text.starts_with("/*") || text.starts_with('#'));
+}
+
+bool startsWithSemicolon(std::string_view behind) {
+    const std::size_t start = behind.find_first_not_of(blanks);
+    return start != none && behind[start] == ';';
+}
+
+/// The first quote before a semicolon or a comment that is not the second of a pair inside the text.
+std::size_t findMarkedQuote(std::string_view rest) {
+    bool isInside = false;
+    for (std::size_t quote = rest.find('"'); quote != none; quote = rest.find('"', quote + 1)) {
+        const std::string_view behind = rest.substr(quote + 1);
+        if (!isInside && (startsWithSemicolon(behind) || startsWithComment(behind))) {
+            return quote;
+        }
+        isInside = !isInside;
+    }
+    return none;
+}
+
+/// Where the text that starts with `rest` ends. A quote before a semicolon or a comment ends it;
+/// otherwise the last quote does, unless more text follows it and it is the second of a pair.
 std::optional<std::size_t> findClosingQuote(std::string_view rest) {
-    const std::size_t first = rest.find('"');
-    if (first == none) {
+    if (const std::size_t marked = findMarkedQuote(rest); marked != none) {
+        return marked;
+    }
+    const std::size_t last = rest.rfind('"');
+    if (last == none) {
         return std::nullopt;
     }
-    const std::size_t behind = rest.find_first_not_of(blanks, first + 1);
-    if (behind != none && rest[behind] == ';') {
-        return first;
-    }
-    if (rest.ends_with('"') || std::ranges::count(rest, '"') % 2 == 1) {
-        return rest.rfind('"');
-    }
-    return std::nullopt;
+    const std::string_view behind = rest.substr(last + 1);
+    const bool isAtTheEnd = behind.find_first_not_of(" \t;") == none || startsWithComment(behind);
+    const bool isSecondOfAPair = std::ranges::count(rest, '"') % 2 == 0;
+    return isAtTheEnd || !isSecondOfAPair ? std::optional(last) : std::nullopt;
 }
 
 void readKey(std::string_view head, EntryLine& entry) {

@@ -2,25 +2,19 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
 namespace CheckStrings {
 
+/// Thrown for a file that cannot be read; says which.
+class UnreadableFile : public std::runtime_error {
+public:
+    explicit UnreadableFile(const std::filesystem::path& file);
+};
+
 /// @return all bytes of a regular file, or of the one that a link leads to.
-/// @throws std::runtime_error when there is none or it cannot be read.
-inline std::string readBytes(const std::filesystem::path& file) {
-    std::ifstream stream;
-    if (std::error_code ignored; std::filesystem::is_regular_file(file, ignored)) {
-        stream.open(file, std::ios::binary);
-    }
-    std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream.is_open() || stream.bad()) {
-        throw std::runtime_error("cannot read the file " + file.string());
-    }
-    return bytes;
-}
+/// @throws UnreadableFile when there is none, or when it cannot be read to its end.
+std::string readBytes(const std::filesystem::path& file);
 
 } // namespace CheckStrings

@@ -1,6 +1,7 @@
 #include "Format.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace CheckStrings {
 
@@ -11,15 +12,17 @@ constexpr std::string_view flags = "-+ #0'";
 constexpr std::string_view lengths = "hlqLjzt";
 constexpr std::string_view letters = "diouxXeEfFgGaAcCsSpnm";
 
+using Arguments = std::vector<std::string>;
+
 /// The first index from `start` whose character is none of these.
 std::size_t skip(std::string_view text, std::size_t start, std::string_view characters) {
     return std::min(text.find_first_not_of(characters, start), text.size());
 }
 
 /// Skips a width or a precision, which may be an argument.
-std::size_t skipNumber(std::string_view text, std::size_t start, Format& format) {
+std::size_t skipNumber(std::string_view text, std::size_t start, Arguments& arguments) {
     if (text.substr(start, 1) == "*") {
-        format.conversions.emplace_back("*");
+        arguments.emplace_back("*");
         return start + 1;
     }
     return skip(text, start, digits);
@@ -31,27 +34,27 @@ bool isPositional(std::string_view text) {
 }
 
 /// Skips what stands between the percent sign and the length.
-std::size_t skipLayout(std::string_view text, Format& format) {
+std::size_t skipLayout(std::string_view text, Arguments& arguments) {
     if (isPositional(text)) {
-        return text.find_first_not_of("0123456789$*.-+ #'");
+        return skip(text, 0, "0123456789$*.-+ #'");
     }
     const std::size_t width = skip(text, 0, flags);
-    const std::size_t end = skipNumber(text, width, format);
-    return text.substr(end, 1) == "." ? skipNumber(text, end + 1, format) : end;
+    const std::size_t end = skipNumber(text, width, arguments);
+    return text.substr(end, 1) == "." ? skipNumber(text, end + 1, arguments) : end;
 }
 
 /// Reads the conversion that a text starts with, behind its percent sign.
 /// @return its length, or 0 when the text starts with none.
 std::size_t readConversion(std::string_view text, Format& format) {
-    Format result = format;
-    const std::size_t start = std::min(skipLayout(text, result), text.size());
+    Arguments arguments;
+    const std::size_t start = skipLayout(text, arguments);
     const std::size_t letter = skip(text, start, lengths);
     if (letter == text.size() || letters.find(text[letter]) == std::string_view::npos) {
         return 0;
     }
-    result.conversions.emplace_back(isPositional(text) ? text.substr(0, letter + 1)
-                                                       : text.substr(start, letter + 1 - start));
-    format = std::move(result);
+    arguments.emplace_back(isPositional(text) ? text.substr(0, letter + 1)
+                                              : text.substr(start, letter + 1 - start));
+    std::ranges::move(arguments, std::back_inserter(format.conversions));
     return letter + 1;
 }
 

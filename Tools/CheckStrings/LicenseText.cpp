@@ -28,6 +28,21 @@ bool hasSoundSurrogates(std::string_view bytes, bool bigEndian) {
     return !afterHigh;
 }
 
+bool holdsZero(std::string_view bytes) {
+    for (std::size_t index = 0; index < bytes.size(); index += 2) {
+        if (bytes[index] == 0 && bytes[index + 1] == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// @return whether another mark, in either byte order, follows the first one.
+bool hasSecondMark(std::string_view bytes) {
+    const std::string_view second = bytes.substr(2, 2);
+    return second == "\xFE\xFF" || second == "\xFF\xFE";
+}
+
 } // namespace
 
 std::optional<std::string> licenseFault(std::string_view bytes) {
@@ -40,6 +55,12 @@ std::optional<std::string> licenseFault(std::string_view bytes) {
     }
     if (bytes.size() == 2) {
         return "the file has no text behind its byte-order mark";
+    }
+    if (hasSecondMark(bytes)) {
+        return "the file has a second byte-order mark behind the first";
+    }
+    if (holdsZero(bytes)) {
+        return "the file holds U+0000, as UTF-32 would";
     }
     if (!hasSoundSurrogates(bytes, bigEndian)) {
         return "the file holds half a pair of surrogates";

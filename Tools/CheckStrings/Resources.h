@@ -11,9 +11,8 @@ namespace CheckStrings {
 std::filesystem::path defaultReference(const std::filesystem::path& resources);
 
 /// Checks the strings file in every folder `xx.lproj`, that each such language has its `LA_xx`, and
-/// every licence file.
-/// @throws std::runtime_error when the directory has no such folder, or when something cannot be
-///     read, a strings file that is missing in its folder included.
+/// every licence file. What else ends in `.lproj`, and a file that cannot be read, is a finding.
+/// @throws std::runtime_error when the directory cannot be read or has no folder `xx.lproj`.
 void checkResources(const std::filesystem::path& resources, const Keys& wanted, Findings& findings);
 
 } // namespace CheckStrings

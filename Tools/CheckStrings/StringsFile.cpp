@@ -1,6 +1,7 @@
 #include "StringsFile.h"
 
 #include "EntryLine.h"
+#include "ProgramReading.h"
 #include "Utf8.h"
 
 #include <trtools.h>
@@ -36,23 +37,22 @@ public:
     /// @param line without line feed.
     void read(std::string_view line);
 
-    std::vector<Entry> takeEntries() { return std::move(entries_); }
+    Strings takeStrings() { return std::move(strings_); }
 
 private:
     bool isComment(std::string_view line);
+    void readCommented(std::string_view line);
     void readEntry(std::string_view line);
 
     FileReport& report_;
-    std::vector<Entry> entries_;
+    Strings strings_;
     std::size_t number_ = 0;
     bool inComment_ = false;
 };
 
 void LineReader::read(std::string_view line) {
     ++number_;
-    if (line.ends_with('\r')) {
-        line.remove_suffix(1);
-    }
+    line = line.substr(0, line.find_last_not_of('\r') + 1);
     if (!decodeUtf8(line)) {
         report_.add(number_, Rule::InvalidUtf8, "the line is not valid UTF-8");
     }
@@ -64,19 +64,20 @@ void LineReader::read(std::string_view line) {
 bool LineReader::isComment(std::string_view line) {
     const std::string text = VXLOCAL::TRTools::trim(std::string(line), "", true);
     if (inComment_) {
-        if (line.find(separator) != none) {
-            report_.add(number_, Rule::Misread,
-                        "the program reads this line although it stands in a comment");
-        }
-        inComment_ = text.find("*/") == std::string::npos;
-        return true;
+        readCommented(line);
     }
-    if (text.starts_with("/*")) {
-        const std::size_t end = text.find("*/", 2);
+    if (inComment_ || text.starts_with("/*")) {
+        const std::size_t end = text.find("*/", inComment_ ? 0 : 2);
         inComment_ = end == std::string::npos;
         return inComment_ || end + 2 == text.size();
     }
     return text.starts_with("#") || text.starts_with("//");
+}
+
+void LineReader::readCommented(std::string_view line) {
+    if (auto key = keyInProgram(line)) {
+        strings_.commented.push_back({number_, std::move(*key)});
+    }
 }
 
 std::string_view wordingOf(Rule fault) {
@@ -107,14 +108,14 @@ void LineReader::readEntry(std::string_view line) {
         report_.add(number_, fault, std::string(wordingOf(fault)));
     }
     if (!entry->key.empty()) {
-        entries_.push_back(
+        strings_.entries.push_back(
             {number_, std::string(entry->key), std::string(entry->value), entry->faults.empty()});
     }
 }
 
 } // namespace
 
-std::vector<Entry> readEntries(std::string_view bytes, FileReport& report) {
+Strings readStrings(std::string_view bytes, FileReport& report) {
     LineReader reader(report);
     const auto mark = std::ranges::find_if(
         marks, [bytes](const Mark& candidate) { return bytes.starts_with(candidate.bytes); });
@@ -131,11 +132,11 @@ std::vector<Entry> readEntries(std::string_view bytes, FileReport& report) {
         reader.read(bytes.substr(0, length));
         bytes.remove_prefix(std::min(length + 1, bytes.size()));
     }
-    std::vector<Entry> entries = reader.takeEntries();
-    if (mark != marks.end() && !entries.empty() && entries.front().line == 1) {
-        entries.front().sound = false;
+    Strings strings = reader.takeStrings();
+    if (mark != marks.end() && !strings.entries.empty() && strings.entries.front().line == 1) {
+        strings.entries.front().sound = false;
     }
-    return entries;
+    return strings;
 }
 
 } // namespace CheckStrings

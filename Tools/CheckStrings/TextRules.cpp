@@ -1,6 +1,7 @@
 #include "TextRules.h"
 
 #include "Bidi.h"
+#include "Blank.h"
 #include "Format.h"
 #include "Tags.h"
 #include "Utf8.h"
@@ -49,9 +50,10 @@ void checkFormat(const std::string& key, const std::string& text, std::size_t li
     const Format wanted = readFormat(key);
     const Format format = readFormat(text);
     if (format.conversions != wanted.conversions) {
+        const bool isLonger = format.conversions.size() > wanted.conversions.size();
         report.add(line, Rule::Conversions,
-                   "conversions of the key: " + listed(wanted) +
-                       "; of the text: " + listed(format));
+                   "conversions of the key: " + listed(wanted) + "; of the text: " +
+                       listed(format) + (isLonger ? "; write %% for a percent sign" : ""));
     }
     if (format.hasSinglePercent) {
         report.add(line, Rule::SinglePercent, "a percent sign is written doubled");
@@ -66,11 +68,15 @@ void checkFormat(const std::string& key, const std::string& text, std::size_t li
 } // namespace
 
 void checkText(const Entry& entry, FileReport& report) {
-    const std::string key = VXLOCAL::TRTools::unescape(entry.key);
     const std::string text = VXLOCAL::TRTools::unescape(entry.value);
+    if (isBlank(text)) {
+        report.add(entry.line, Rule::EmptyText,
+                   "the text has nothing but blanks and invisible format characters");
+        return;
+    }
     checkEscapes(entry, report);
-    checkFormat(key, text, entry.line, report);
-    checkTags(key, text, entry.line, report);
+    checkFormat(entry.key, text, entry.line, report);
+    checkTags(entry.key, text, entry.line, report);
     if (const auto points = decodeUtf8(text); points && !hasBalancedBidiControls(*points)) {
         report.add(entry.line, Rule::UnbalancedBidi,
                    "LRE, RLE, LRO and RLO each need a PDF, LRI, RLI and FSI a PDI");

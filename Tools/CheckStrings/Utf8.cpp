@@ -40,16 +40,21 @@ std::optional<char32_t> firstPoint(std::string_view bytes, std::size_t tail) {
 
 } // namespace
 
+std::optional<Character> firstCharacter(std::string_view bytes) {
+    const auto tail = tailLength(static_cast<std::uint8_t>(bytes.front()));
+    const auto point = tail && *tail < bytes.size() ? firstPoint(bytes, *tail) : std::nullopt;
+    return point ? std::optional(Character{*point, *tail + 1}) : std::nullopt;
+}
+
 std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
     std::u32string points;
     while (!bytes.empty()) {
-        const auto tail = tailLength(static_cast<std::uint8_t>(bytes.front()));
-        const auto point = tail && *tail < bytes.size() ? firstPoint(bytes, *tail) : std::nullopt;
-        if (!point) {
+        const auto character = firstCharacter(bytes);
+        if (!character) {
             return std::nullopt;
         }
-        points += *point;
-        bytes.remove_prefix(*tail + 1);
+        points += character->point;
+        bytes.remove_prefix(character->length);
     }
     return points;
 }

@@ -2,6 +2,8 @@
 
 #include "Catalogue.h"
 #include "CommandLine.h"
+#include "FileBytes.h"
+#include "Printable.h"
 #include "Resources.h"
 
 #include <algorithm>
@@ -17,11 +19,13 @@ enum Status { sound = 0, found = 1, failed = 2 };
 Findings check(const Request& request) {
     Findings findings;
     const std::filesystem::path& first = request.paths.front();
-    if (request.paths.size() == 1 && (!request.reference || is_directory(first))) {
+    std::error_code ignored;
+    if (request.paths.size() == 1 && (!request.reference || is_directory(first, ignored))) {
         const Keys wanted = readKeys(request.reference.value_or(defaultReference(first)));
         checkResources(first, wanted, findings);
     } else {
         const Keys wanted = readKeys(request.reference.value());
+        std::ranges::for_each(request.paths, readBytes); // throws before the first finding
         for (const std::filesystem::path& file : request.paths) {
             checkCatalogue(file, wanted, findings);
         }
@@ -37,8 +41,8 @@ Status run(const Request& request) {
     }
     const Findings findings = check(request);
     for (const Finding& finding : findings) {
-        std::cout << finding.file << ':' << finding.line << ": " << nameOf(finding.rule) << ": "
-                  << finding.text << '\n';
+        std::cout << printable(finding.file) << ':' << finding.line << ": " << nameOf(finding.rule)
+                  << ": " << printable(finding.text) << '\n';
     }
     return findings.empty() ? sound : found;
 }
@@ -53,9 +57,9 @@ int main(int count, char* arguments[]) {
         }
         return status;
     } catch (const UsageError& error) {
-        std::cerr << "check-strings: " << error.what() << "; see check-strings --help\n";
+        std::cerr << "check-strings: " << printable(error.what()) << "; see check-strings --help\n";
     } catch (const std::exception& error) {
-        std::cerr << "check-strings: " << error.what() << '\n';
+        std::cerr << "check-strings: " << printable(error.what()) << '\n';
     }
     return failed;
 }

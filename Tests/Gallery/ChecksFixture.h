@@ -16,6 +16,7 @@ class ChecksFixture : public testing::Test {
 protected:
     ChecksFixture() {
         window.resize(400, 300);
+        window.setWindowTitle("A title");
         window.setAttribute(Qt::WA_DontShowOnScreen);
     }
 

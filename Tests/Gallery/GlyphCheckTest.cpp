@@ -1,5 +1,6 @@
 #include "ChecksFixture.h"
 
+#include "Platform/Qt/TextLabel.h"
 #include "Words.h"
 
 #include <QTextEdit>
@@ -29,10 +30,32 @@ TEST_F(GlyphCheck, findsItBelowTheVisiblePartOfATextArea) {
     expectOnly("area: no installed font has U+10FFFD (no script)");
 }
 
+TEST_F(GlyphCheck, findsItInAStyledLabel) {
+    auto* label = new Vexora::TextLabel;
+    const char32_t privateUse = 0x10FFFD;
+    label->setStyledText(
+        Vexora::StyledText("Text " + QString::fromUcs4(&privateUse, 1).toStdString()));
+    put(label, {10, 10, 200, 60}, "styled");
+    expectOnly("styled: no installed font has U+10FFFD (no script)");
+}
+
+TEST_F(GlyphCheck, findsItOnAButton) {
+    const char32_t privateUse = 0x10FFFD;
+    put(new QPushButton("Text " + QString::fromUcs4(&privateUse, 1)), {10, 10, 200, 40}, "button");
+    expectOnly("button: no installed font has U+10FFFD (no script)");
+}
+
+TEST_F(GlyphCheck, findsItInTheTitle) {
+    const char32_t privateUse = 0x10FFFD;
+    window.setWindowTitle("Text " + QString::fromUcs4(&privateUse, 1));
+    expectOnly("window: no installed font has U+10FFFD (no script)");
+}
+
 TEST_F(GlyphCheck, findsAWordOfTwoFonts) {
     QLabel& label = putLabel("a\u0253a", {10, 10, 200, 60});
     label.setFont(QFont("Noto Sans CJK JP", 12));
-    expectOnly("no installed font has the whole of a word: \"a\u0253a\" (Noto Sans CJK JP and ");
+    expectOnly(
+        "no installed font has the whole of a word: \"a\u0253a\" (Noto Sans and Noto Sans CJK JP)");
 }
 
 TEST(Words, endWhereTheScriptDoes) {

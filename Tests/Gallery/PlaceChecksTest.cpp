@@ -40,6 +40,13 @@ TEST_F(PlaceChecks, letHiddenControlsAndAreasPass) {
     expectNone();
 }
 
+TEST(WindowSize, isThatOfTheDefinition) {
+    EXPECT_TRUE(Gallery::checkSize({640, 580}, {640, 580}).isEmpty());
+    const auto findings = Gallery::checkSize({640, 581}, {640, 580});
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.front().text, "is 640 x 581, but its definition says 640 x 580");
+}
+
 /// The same window laid out in both directions.
 class Mirror : public testing::Test {
 protected:

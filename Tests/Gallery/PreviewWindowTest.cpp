@@ -150,6 +150,15 @@ TEST_F(Preview, doesNotFormatWhatHasNoArguments) {
     EXPECT_FALSE(message().contains("“Close”"));
 }
 
+TEST_F(Preview, namesTheLinesThatBreakARule) {
+    save(strings("Starten") + "\"Close\" = \"Schliessen\";\n\"Stop\" = \"Halt\"\n");
+    open();
+    EXPECT_EQ(window->drawings(), 1);
+    EXPECT_TRUE(message().contains("Line 2: trailing-text: ")) << message().toStdString();
+    EXPECT_TRUE(message().contains("Line 3: unknown-key: ")) << message().toStdString();
+    EXPECT_FALSE(message().contains("Line 1: "));
+}
+
 TEST_F(Preview, namesTheTextsWithoutALine) {
     save(strings("Starten"));
     open();

@@ -1,6 +1,7 @@
 #include "Languages.h"
 #include "PseudoText.h"
 #include "Support/MessageIdentifiers.h"
+#include "TextWidth.h"
 
 #include <kvparser.h>
 
@@ -15,6 +16,7 @@ namespace GalleryTest {
 
 using Gallery::Language;
 using Gallery::languages;
+using Gallery::widthOf;
 
 class PseudoLocales : public testing::Test {
 protected:
@@ -58,23 +60,44 @@ TEST_F(PseudoLocales, followTheEnglishTexts) {
     }
 }
 
-TEST_F(PseudoLocales, takeTheWidestTextOfAllLanguages) {
-    const QFontMetricsF metrics{QFont("Noto Sans", 12)};
-    const auto width = [&metrics](const std::string& one) {
-        return metrics.horizontalAdvance(QString::fromStdString(Gallery::withoutTags(one)));
-    };
+TEST_F(PseudoLocales, takeTheTextWithTheWidestWordOfAllLanguages) {
     for (const std::string_view identifier : TestSupport::messageIdentifiers) {
+        const std::string key(identifier);
         const std::string longest = text("xl", identifier);
         bool isOneOfThem = false;
         for (const Language& one : languages()) {
             if (!one.isPseudo()) {
                 const std::string other = text(one.code, identifier);
-                EXPECT_LE(width(other), width(longest)) << one.code << ": " << other;
+                EXPECT_FALSE(widthOf(key, longest) < widthOf(key, other))
+                    << one.code << ": " << other;
                 isOneOfThem = isOneOfThem || other == longest;
             }
         }
         EXPECT_TRUE(isOneOfThem) << longest;
     }
+}
+
+TEST_F(PseudoLocales, takeWordsNoNarrowerThanKnownLongOnes) {
+    const std::pair<std::size_t, const char*> words[] = {{0, "administratorrettigheter."},
+                                                         {9, "käyttöoikeussopimuksen."}};
+    for (const auto& [index, word] : words) {
+        const std::string key(TestSupport::messageIdentifiers.at(index));
+        EXPECT_GE(widthOf(key, text("xl", key)).word, widthOf(key, word).word) << text("xl", key);
+    }
+}
+
+TEST(TextWidth, isThatOfTheWidestWordAndOfTheWhole) {
+    const QFontMetricsF plain{QFont("Noto Sans", 12)};
+    const QFontMetricsF bold{QFont("Noto Sans", 12, QFont::Bold)};
+    const Gallery::TextWidth width = widthOf("Open logs", "a longest word");
+    EXPECT_NEAR(width.word, plain.horizontalAdvance("longest"), 1.0);
+    EXPECT_NEAR(width.whole, plain.horizontalAdvance("a longest word"), 1.0);
+    EXPECT_NEAR(widthOf("Close", "longest").word, bold.horizontalAdvance("longest"), 1.0);
+    EXPECT_NEAR(widthOf("", "to <a>a</a> <b>longest</b>").word, bold.horizontalAdvance("longest"),
+                1.0);
+    EXPECT_GT(bold.horizontalAdvance("longest"), plain.horizontalAdvance("longest") + 2.0);
+    EXPECT_LT(widthOf("", "many short ones"), widthOf("", "longest"));
+    EXPECT_LT(widthOf("", "longest"), widthOf("", "a longest"));
 }
 
 TEST_F(PseudoLocales, haveLicences) {

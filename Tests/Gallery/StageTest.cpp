@@ -2,6 +2,7 @@
 
 #include "Platform/Qt/TextLabel.h"
 #include "Portrait.h"
+#include "Support/TemporaryFolder.h"
 
 #include <QApplication>
 #include <QProgressBar>
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 namespace GalleryTest {
@@ -121,6 +123,57 @@ TEST_F(StageTest, isPortrayedAtTheScaleOfTheDisplay) {
     EXPECT_EQ(portrait.picture.deviceIndependentSize(), QSizeF(640, 580));
     EXPECT_EQ(portrait.picture.devicePixelRatio(), qApp->devicePixelRatio());
     EXPECT_TRUE(portrait.findings.isEmpty());
+}
+
+/// Does something to every window that is shown.
+class WhenShown : public QObject {
+public:
+    explicit WhenShown(std::function<void(QWidget&)> action) : action_(std::move(action)) {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* window = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && window != nullptr && window->isWindow()) {
+            action_(*window);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void(QWidget&)> action_;
+};
+
+TEST_F(StageTest, isPortrayedWithASizeThatIsNotItsOwn) {
+    const WhenShown grow([](QWidget& window) { window.setMinimumWidth(641); });
+    const auto findings = Gallery::portray(language("en"), scene("start")).findings;
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.front().text, "is 641 x 580, but its definition says 640 x 580");
+}
+
+TEST_F(StageTest, isPortrayedWithWhatDoesNotMirror) {
+    const WhenShown intrude([](QWidget& window) {
+        auto* control = new QWidget(&window);
+        control->setObjectName("intruder");
+        control->setGeometry(0, 0, 5, 5);
+        control->show();
+    });
+    EXPECT_TRUE(Gallery::portray(language("en"), scene("start")).findings.isEmpty());
+    const auto findings = Gallery::portray(language("ar"), scene("start")).findings;
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.front().control, "intruder");
+    EXPECT_TRUE(findings.front().text.startsWith("the control at 0, 0, 5 x 5 is no mirror image"));
+}
+
+TEST_F(StageTest, isPortrayedWithAWordThatItsLinesDoNotHold) {
+    const TestSupport::TemporaryFolder resources;
+    resources.write("de.lproj/Localizable.strings",
+                    "\"License Agreement\" = \"" + std::string(80, 'n') + "\"\n");
+    const auto faulty = Gallery::languageIn(resources.path().string(), "de");
+    const auto findings = Gallery::portray(faulty, scene("licence")).findings;
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.front().control, "licenseAgreementLabel");
+    EXPECT_TRUE(findings.front().text.startsWith("has a word "));
 }
 
 TEST_F(StageTest, everySceneHasANameOfItsOwn) {

@@ -1,5 +1,8 @@
 #include "ChecksFixture.h"
 
+#include "PaintedText.h"
+#include "Platform/Qt/TextLabel.h"
+
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -90,6 +93,82 @@ TEST_F(TextChecks, findAnEllipsis) {
 TEST_F(TextChecks, findATag) {
     putLabel("Click <b>Start</b>", {10, 10, 200, 30});
     expectOnly("label: shows the tag <b>");
+}
+
+TEST_F(TextChecks, findEveryTagAndNamedCharacter) {
+    putLabel("Click <b class=\"x\">Start</b> &amp; <a", {10, 10, 300, 30});
+    expectOnly("label: shows the tag <b class=\"x\">, </b>, &amp;, <a");
+}
+
+TEST_F(TextChecks, letLessThanAndAmpersandPass) {
+    putLabel("1 < 2 <3 & more;", {10, 10, 300, 30});
+    expectNone();
+}
+
+TEST_F(TextChecks, findATagFromRightToLeft) {
+    window.setLayoutDirection(Qt::RightToLeft);
+    window.setWindowTitle("כותרת");
+    putLabel("לחץ על <b>התחל</b>", {10, 10, 300, 30});
+    expectOnly("label: shows the tag <b>, </b>");
+}
+
+TEST_F(TextChecks, measureAButtonFromRightToLeftInItsOrder) {
+    window.setLayoutDirection(Qt::RightToLeft);
+    auto& button = put(new QPushButton("אבג Lumiq"), {10, 10, 200, 40}, "button");
+    findings();
+    qreal latin = 0.0;
+    qreal hebrew = 0.0;
+    for (const Gallery::PaintedPiece& piece : Gallery::textPaintedBy(button).pieces) {
+        (piece.text.contains("Lumiq") ? latin : hebrew) = piece.rect.center().x();
+    }
+    EXPECT_GT(latin, 0.0);
+    EXPECT_LT(latin, hebrew);
+}
+
+TEST_F(TextChecks, findAWordThatIsWiderThanItsLine) {
+    auto* label = new Vexora::TextLabel;
+    label->setStyledText(Vexora::StyledText("A " + std::string(80, 'n')));
+    put(label, {10, 10, 300, 120}, "label");
+    expectOnly("label: has a word ");
+}
+
+TEST_F(TextChecks, letAWordPassThatJustFits) {
+    const std::string word(20, 'n');
+    auto* label = new Vexora::TextLabel;
+    label->setStyledText(Vexora::StyledText("A " + word));
+    const int width = label->fontMetrics().horizontalAdvance(QString::fromStdString(word));
+    put(label, {10, 10, width + 10, 120}, "label");
+    expectNone();
+    label->resize(width + 3, 120);
+    expectOnly("label: has a word ");
+}
+
+TEST_F(TextChecks, findABlankLabel) {
+    putLabel("\u00A0\u200B", {10, 10, 300, 30});
+    expectOnly("label: shows nothing of its text");
+}
+
+TEST_F(TextChecks, findABlankButton) {
+    put(new QPushButton(" "), {10, 10, 200, 40}, "button");
+    expectOnly("button: shows nothing of its text");
+}
+
+TEST_F(TextChecks, findABlankTitle) {
+    window.setWindowTitle("\u00A0");
+    expectOnly("window: has a title of which nothing can be seen");
+}
+
+TEST_F(TextChecks, findALetterFromRightToLeftAmongOthers) {
+    putLabel("Start א", {10, 10, 300, 30});
+    expectOnly("label: holds, in a layout from left to right, U+05D0 (Hebrew)");
+}
+
+TEST_F(TextChecks, findATextWithoutLettersFromRightToLeft) {
+    window.setLayoutDirection(Qt::RightToLeft);
+    window.setWindowTitle("כותרת");
+    putLabel("Start", {10, 10, 300, 30});
+    putLabel("1.", {10, 50, 300, 30});
+    expectOnly("label: has no letter from right to left in such a layout: \"Start\"");
 }
 
 TEST_F(TextChecks, findATagInTheTitle) {

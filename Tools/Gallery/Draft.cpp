@@ -1,6 +1,8 @@
 #include "Draft.h"
 
+#include "Catalogue.h"
 #include "Core/LocaleSelection.h"
+#include "Printable.h"
 #include "PseudoText.h"
 #include "Support/MessageIdentifiers.h"
 
@@ -55,7 +57,7 @@ bool Draft::take(const QString& file) {
     bytes_ = bytes;
     const std::string name = code_ + ".lproj/" + Vexora::stringsFileName;
     // The corrections follow from what the catalogue reads in the file as it is.
-    folder_.write(name, bytes.toStdString());
+    checkRules(folder_.write(name, bytes.toStdString()));
     folder_.write(name, (bytes + '\n' + corrections()).toStdString());
     return true;
 }
@@ -79,13 +81,9 @@ QByteArray Draft::corrections() {
     catalogue.setLocaleDir((folder_.path() / (code_ + ".lproj")).string());
     catalogue.parse();
     QByteArray lines;
-    QStringList missing;
     for (const std::string_view identifier : messageIdentifiers) {
         const std::string key(identifier);
         const std::string text = catalogue.getMessage(key);
-        if (!bytes_.contains(lineStart(identifier))) {
-            missing.append(quoted(key));
-        }
         if (conversions(text) != conversions(key)) {
             // Formatting would look for arguments that are not there. Of several lines the last
             // counts.
@@ -95,10 +93,30 @@ QByteArray Draft::corrections() {
                     .arg(quoted(key), quoted(text)));
         }
     }
+    return lines;
+}
+
+void Draft::checkRules(const std::filesystem::path& file) {
+    CheckStrings::Findings findings;
+    CheckStrings::checkCatalogue(file, {messageIdentifiers.begin(), messageIdentifiers.end()},
+                                 findings);
+    std::sort(findings.begin(), findings.end());
+    QStringList missing;
+    for (const CheckStrings::Finding& finding : findings) {
+        if (finding.rule == CheckStrings::Rule::MissingKey) {
+            missing.append(quoted(finding.text));
+        } else {
+            const std::string rule(CheckStrings::nameOf(finding.rule));
+            remarks_.append(
+                QString("Line %1: %2: %3")
+                    .arg(finding.line)
+                    .arg(QString::fromStdString(rule),
+                         QString::fromStdString(CheckStrings::printable(finding.text))));
+        }
+    }
     if (!missing.isEmpty()) {
         remarks_.append("Texts without a line stay English: " + missing.join(", ") + '.');
     }
-    return lines;
 }
 
 std::string languageOfFile(const QString& file) {

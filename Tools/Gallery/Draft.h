@@ -8,6 +8,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <filesystem>
+#include <string>
+
 namespace Gallery {
 
 class Draft {
@@ -33,6 +36,9 @@ private:
 
     /// The lines that replace texts which formatting would make nonsense of.
     QByteArray corrections();
+
+    /// Remarks on what check-strings finds in the file.
+    void checkRules(const std::filesystem::path& file);
 
     std::string code_;
     TestSupport::TemporaryFolder folder_;

@@ -1,5 +1,5 @@
 // GalleryPage TEMPLATE FOLDER writes FOLDER/index.html, the page that shows all pictures and
-// findings in the folder.
+// findings in the folder. Fails when a picture is missing.
 #include "Page.h"
 
 #include <QFile>
@@ -19,6 +19,16 @@ int main(int argc, char** argv) {
                    stderr);
         return 1;
     }
-    const QByteArray bytes = Gallery::pageOf(QString::fromUtf8(source.readAll()), folder).toUtf8();
-    return page.write(bytes) == bytes.size() ? 0 : 1;
+    const Gallery::Page made = Gallery::pageOf(QString::fromUtf8(source.readAll()), folder);
+    const QByteArray bytes = made.html.toUtf8();
+    if (page.write(bytes) != bytes.size() || !page.flush()) {
+        std::fputs("GalleryPage: the page cannot be written\n", stderr);
+        return 1;
+    }
+    if (made.missing > 0) {
+        std::fprintf(stderr, "GalleryPage: %lld pictures were not rendered\n",
+                     static_cast<long long>(made.missing));
+        return 1;
+    }
+    return 0;
 }

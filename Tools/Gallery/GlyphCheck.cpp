@@ -51,6 +51,8 @@ QStringList mixedIn(const QTextLayout& layout) {
         for (const QGlyphRun& run : runs) {
             families.append(run.rawFont().familyName());
         }
+        // Runs come in an order of their own.
+        families.sort();
         families.removeDuplicates();
         if (families.size() > 1) {
             names.append(
@@ -60,18 +62,23 @@ QStringList mixedIn(const QTextLayout& layout) {
     return names;
 }
 
+using Formats = QList<QTextLayout::FormatRange>;
+using Visitor = std::function<void(const QTextLayout&)>;
+
+void layOut(const QString& text, const QFont& font, const Formats& formats, const Visitor& visit) {
+    QTextLayout layout(text, font);
+    layout.setFormats(formats);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    visit(layout);
+}
+
 /// Hands over every text of a widget, laid out.
-void forEachLayout(const PaintedText& painted,
-                   const std::function<void(const QTextLayout&)>& visit) {
+void forEachLayout(const PaintedText& painted, const Visitor& visit) {
     const QWidget& widget = *painted.widget;
-    const auto visitText = [&](const QString& text,
-                               const QList<QTextLayout::FormatRange>& formats) {
-        QTextLayout layout(text, widget.font());
-        layout.setFormats(formats);
-        layout.beginLayout();
-        layout.createLine();
-        layout.endLayout();
-        visit(layout);
+    const auto visitText = [&](const QString& text, const Formats& formats) {
+        layOut(text, widget.font(), formats, visit);
     };
     if (const auto* label = qobject_cast<const Vexora::TextLabel*>(&widget)) {
         visitText(label->text(), label->formats());
@@ -89,26 +96,42 @@ void forEachLayout(const PaintedText& painted,
     }
 }
 
+/// What several texts of one control lack.
+struct Lacks {
+    QStringList glyphs;
+    QStringList words;
+
+    void add(const QTextLayout& layout) {
+        glyphs += missingIn(layout);
+        words += mixedIn(layout);
+    }
+
+    Findings findings(const QString& name) {
+        glyphs.removeDuplicates();
+        words.removeDuplicates();
+        Findings all;
+        if (!glyphs.isEmpty()) {
+            all.append({name, "no installed font has " + glyphs.join(", ")});
+        }
+        if (!words.isEmpty()) {
+            all.append({name, "no installed font has the whole of a word: " + words.join(", ")});
+        }
+        return all;
+    }
+};
+
 } // namespace
 
 Findings checkGlyphs(const PaintedText& painted) {
-    QStringList lacking;
-    QStringList mixed;
-    forEachLayout(painted, [&](const QTextLayout& layout) {
-        lacking += missingIn(layout);
-        mixed += mixedIn(layout);
-    });
-    lacking.removeDuplicates();
-    mixed.removeDuplicates();
-    Findings findings;
-    if (!lacking.isEmpty()) {
-        findings.append({nameOf(*painted.widget), "no installed font has " + lacking.join(", ")});
-    }
-    if (!mixed.isEmpty()) {
-        findings.append({nameOf(*painted.widget),
-                         "no installed font has the whole of a word: " + mixed.join(", ")});
-    }
-    return findings;
+    Lacks lacks;
+    forEachLayout(painted, [&lacks](const QTextLayout& layout) { lacks.add(layout); });
+    return lacks.findings(nameOf(*painted.widget));
+}
+
+Findings checkGlyphs(const QString& name, const QString& text, const QFont& font) {
+    Lacks lacks;
+    layOut(text, font, {}, [&lacks](const QTextLayout& layout) { lacks.add(layout); });
+    return lacks.findings(name);
 }
 
 } // namespace Gallery

@@ -10,7 +10,8 @@ namespace Gallery {
 namespace {
 
 struct PseudoLocale {
-    const char* layoutCode;
+    std::string code;
+    std::string layoutCode;
     const char* name;
 };
 
@@ -27,12 +28,20 @@ const std::map<std::string, Names>& ownNames() {
     return all;
 }
 
-const std::map<std::string, PseudoLocale>& pseudoLocales() {
-    static const std::map<std::string, PseudoLocale> all{
-        {"xa", {"en", "Accented English"}},
-        {"xr", {"he", "Right-to-left English"}},
-        {"xl", {"en", "Longest texts of all languages"}}};
+const std::vector<PseudoLocale>& pseudoLocales() {
+    static const std::vector<PseudoLocale> all{
+        {ACCENTED_TEXTS, "en", "Accented English"},
+        {RIGHT_TO_LEFT_TEXTS, "he", "Right-to-left English"},
+        {LONGEST_TEXTS, "en", "Longest words of all languages"}};
     return all;
+}
+
+/// Null for a language.
+const PseudoLocale* pseudoLocale(const std::string& code) {
+    const auto& all = pseudoLocales();
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&code](const PseudoLocale& one) { return one.code == code; });
+    return found == all.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -46,8 +55,8 @@ Language Language::leftToRight() const {
 }
 
 QString Language::englishName() const {
-    if (isPseudo()) {
-        return QString::fromLatin1(pseudoLocales().at(code).name);
+    if (const PseudoLocale* pseudo = pseudoLocale(code)) {
+        return QString::fromLatin1(pseudo->name);
     }
     const auto named = ownNames().find(code);
     return named != ownNames().end()
@@ -65,7 +74,7 @@ QString Language::ownName() const {
 }
 
 bool Language::isPseudo() const {
-    return pseudoLocales().contains(code);
+    return pseudoLocale(code) != nullptr;
 }
 
 const std::vector<Language>& languages() {
@@ -77,8 +86,8 @@ const std::vector<Language>& languages() {
         for (const std::string& code : codes) {
             made.push_back(languageIn(STAGED_RESOURCES, code));
         }
-        for (const char* code : {"xa", "xr", "xl"}) {
-            made.push_back(languageIn(PSEUDO_RESOURCES, code));
+        for (const PseudoLocale& pseudo : pseudoLocales()) {
+            made.push_back(languageIn(PSEUDO_RESOURCES, pseudo.code));
         }
         return made;
     }();
@@ -86,8 +95,8 @@ const std::vector<Language>& languages() {
 }
 
 Language languageIn(const std::string& folder, const std::string& code) {
-    const auto pseudo = pseudoLocales().find(code);
-    return {code, folder, pseudo == pseudoLocales().end() ? code : pseudo->second.layoutCode};
+    const PseudoLocale* pseudo = pseudoLocale(code);
+    return {code, folder, pseudo == nullptr ? code : pseudo->layoutCode};
 }
 
 } // namespace Gallery

@@ -9,17 +9,20 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <array>
 #include <map>
 
 namespace Gallery {
 namespace {
+
+constexpr std::array scales = {"1x", "2x"};
 
 /// The albums of a language by their scale.
 using Albums = std::map<QString, QJsonObject>;
 
 Albums albumsOf(const QString& folder, const Language& language) {
     Albums albums;
-    for (const char* scale : {"1x", "2x"}) {
+    for (const char* scale : scales) {
         const QString code = QString::fromStdString(language.code);
         QFile file(folder + '/' + scale + '/' + code + ".json");
         if (file.open(QIODevice::ReadOnly)) {
@@ -62,21 +65,42 @@ struct Entry {
     }
 };
 
+/// What is wrong with a scene, as a line of the table of findings.
+QString findingLine(const Entry& entry, const Scene& scene, const QString& scale,
+                    const QString& control, const QString& text) {
+    return QString("<tr data-language=\"%1\" data-scene=\"%2\" data-scale=\"%3\"><td>%4</td>"
+                   "<td><a href=\"#%5\">%6</a></td><td>%3</td><td>%7</td><td>%8</td></tr>\n")
+        .arg(entry.code(), QString::fromStdString(scene.name), scale,
+             escaped(entry.language.englishName()), entry.anchor(scene),
+             escaped(QString::fromStdString(scene.title)), escaped(control), escaped(text));
+}
+
 QString findingsOf(const Entry& entry) {
     QString lines;
     for (const auto& [scale, album] : entry.albums) {
         for (const Scene& scene : scenes()) {
             const auto findings = sceneIn(album, scene)["findings"].toArray();
             for (const QJsonValue finding : findings) {
-                lines +=
-                    QString(
-                        "<tr data-language=\"%1\" data-scene=\"%2\" data-scale=\"%3\"><td>%4</td>"
-                        "<td><a href=\"#%5\">%6</a></td><td>%3</td><td>%7</td><td>%8</td></tr>\n")
-                        .arg(entry.code(), QString::fromStdString(scene.name), scale,
-                             escaped(entry.language.englishName()), entry.anchor(scene),
-                             escaped(QString::fromStdString(scene.title)),
-                             escaped(finding["control"].toString()),
-                             escaped(finding["text"].toString()));
+                lines += findingLine(entry, scene, scale, finding["control"].toString(),
+                                     finding["text"].toString());
+            }
+        }
+    }
+    return lines;
+}
+
+/// The scenes that were not rendered at a scale.
+QStringList missingOf(const QString& folder, const Entry& entry) {
+    QStringList lines;
+    for (const char* scale : scales) {
+        const auto album = entry.albums.find(scale);
+        for (const Scene& scene : scenes()) {
+            const QString picture =
+                QString("%1/%2/%3/%4.png")
+                    .arg(folder, scale, entry.code(), QString::fromStdString(scene.name));
+            if (album == entry.albums.end() || sceneIn(album->second, scene).isEmpty() ||
+                !QFile::exists(picture)) {
+                lines.append(findingLine(entry, scene, scale, "window", "was not rendered"));
             }
         }
     }
@@ -135,15 +159,18 @@ QString row(const Entry& entry) {
 
 } // namespace
 
-QString pageOf(const QString& pageTemplate, const QString& folder) {
+Page pageOf(const QString& pageTemplate, const QString& folder) {
     QString rows;
     QString findings;
     QString languageOptions;
     qsizetype shipped = 0;
+    qsizetype missing = 0;
     for (const Language& language : languages()) {
         const Entry entry{language, albumsOf(folder, language)};
         rows += row(entry);
-        findings += findingsOf(entry);
+        const QStringList gaps = missingOf(folder, entry);
+        missing += gaps.size();
+        findings += gaps.join(QString()) + findingsOf(entry);
         languageOptions += option(entry.code(), language.englishName());
         shipped += language.isPseudo() ? 0 : 1;
     }
@@ -175,7 +202,7 @@ QString pageOf(const QString& pageTemplate, const QString& folder) {
                                      ? QString("<p>None: every check holds in every picture.</p>")
                                      : table + findings + "</tbody></table>")
         .replace("{{ROWS}}", rows);
-    return page;
+    return {page, missing};
 }
 
 } // namespace Gallery

@@ -5,8 +5,14 @@
 
 namespace Gallery {
 
+struct Page {
+    QString html;
+    /// How many pictures there should be besides those that are there.
+    qsizetype missing;
+};
+
 /// \param pageTemplate a document with placeholders such as {{ROWS}}.
 /// \param folder where albums at the scales 1x and 2x are.
-QString pageOf(const QString& pageTemplate, const QString& folder);
+Page pageOf(const QString& pageTemplate, const QString& folder);
 
 } // namespace Gallery

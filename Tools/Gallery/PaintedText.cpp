@@ -6,6 +6,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QTextEdit>
 
 namespace Gallery {
 namespace {
@@ -113,6 +114,9 @@ QRectF PaintedText::inkRect() const {
             }
         }
     }
+    if (pixels.isEmpty()) {
+        return {};
+    }
     const qreal ratio = ink.devicePixelRatio();
     return QRectF(pixels.x() / ratio - margin, pixels.y() / ratio - margin, pixels.width() / ratio,
                   pixels.height() / ratio);
@@ -141,7 +145,7 @@ QList<PaintedText> textsIn(QWidget& window) {
     for (QWidget* widget : widgets) {
         if (widget->isVisible()) {
             PaintedText painted = textPaintedBy(*widget);
-            if (!painted.pieces.isEmpty()) {
+            if (!painted.pieces.isEmpty() || !textHeldBy(*widget).isEmpty()) {
                 texts.append(painted);
             }
         }
@@ -172,6 +176,15 @@ QString textHeldBy(const QWidget& widget) {
         return button->text().replace(ampersand, "\\1");
     }
     return {};
+}
+
+QString readTextOf(const PaintedText& painted) {
+    const QString held = textHeldBy(*painted.widget);
+    if (!held.isEmpty()) {
+        return held;
+    }
+    const auto* area = qobject_cast<const QTextEdit*>(painted.widget->parentWidget());
+    return area != nullptr ? area->toPlainText() : painted.characters();
 }
 
 QString nameOf(const QWidget& widget) {

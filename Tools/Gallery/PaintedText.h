@@ -32,7 +32,7 @@ struct PaintedText {
     QString characters() const;
     /// The rectangle of all pieces.
     QRectF rect() const;
-    /// The rectangle of all ink, in the widget's coordinates.
+    /// The rectangle of all ink, in the widget's coordinates; null without any.
     QRectF inkRect() const;
     /// Where a point of the widget lies in `ink`.
     QPoint inkPixel(QPointF point) const;
@@ -41,7 +41,7 @@ struct PaintedText {
 /// Lets a widget paint, its children not included.
 PaintedText textPaintedBy(QWidget& widget);
 
-/// All widgets in the window that can be seen and paint text.
+/// All widgets in the window that can be seen and paint or hold text.
 QList<PaintedText> textsIn(QWidget& window);
 
 /// The part of a widget that can be seen: what neither its own mask nor one around it, nor an
@@ -51,6 +51,9 @@ QRegion shownRegionOf(const QWidget& widget);
 /// The text that a label or button holds, as it should be seen; nothing for other controls, and for
 /// those that the style draws a mark on.
 QString textHeldBy(const QWidget& widget);
+
+/// The text in the order in which it is read, as far as the control tells; of a text area the whole.
+QString readTextOf(const PaintedText& painted);
 
 /// The name of a control in its definition; that of the area around it for what a control is made
 /// of.

@@ -107,6 +107,17 @@ Findings checkApart(QWidget& window, const QList<PaintedText>& texts) {
     return findings;
 }
 
+Findings checkSize(const QSize& window, const QSize& defined) {
+    if (window == defined) {
+        return {};
+    }
+    return {{"window", QString("is %1 x %2, but its definition says %3 x %4")
+                           .arg(window.width())
+                           .arg(window.height())
+                           .arg(defined.width())
+                           .arg(defined.height())}};
+}
+
 Places placesIn(QWidget& window, const QList<PaintedText>& texts) {
     Places places{window.width(), {}};
     const auto widgets = window.findChildren<QWidget*>();

@@ -1,5 +1,5 @@
-// Whether controls keep apart, and whether a layout from right to left is the mirror image of the
-// one from left to right. Main thread only.
+// Whether the window keeps its size, whether controls keep apart, and whether a layout from right to
+// left is the mirror image of the one from left to right. Main thread only.
 #pragma once
 
 #include "Finding.h"
@@ -8,12 +8,16 @@
 #include <QImage>
 #include <QList>
 #include <QRect>
+#include <QSize>
 
 namespace Gallery {
 
 /// Controls that share pixels of the window with a text.
 /// \param texts all that are painted in the window.
 Findings checkApart(QWidget& window, const QList<PaintedText>& texts);
+
+/// A window that its content has made larger than its definition says.
+Findings checkSize(const QSize& window, const QSize& defined);
 
 /// Where a control is in its window.
 struct Place {

@@ -11,11 +11,15 @@ namespace Gallery {
 namespace {
 
 Findings check(QWidget& window, const QList<PaintedText>& texts, const QImage& picture) {
-    Findings findings = checkTags("window", window.windowTitle());
+    Findings findings = checkTitle(window);
     for (const PaintedText& text : texts) {
+        const QString name = nameOf(*text.widget);
         findings += checkInside(text);
         findings += checkWhole(text);
-        findings += checkTags(nameOf(*text.widget), text.characters());
+        findings += checkBlank(text);
+        findings += checkTags(name, readTextOf(text));
+        findings += checkLetters(name, textHeldBy(*text.widget), window.layoutDirection());
+        findings += checkWords(text);
         findings += checkLines(text);
         findings += checkParagraphs(text);
         findings += checkGlyphs(text);
@@ -47,6 +51,7 @@ Portrait portray(const Language& language, const Scene& scene) {
         portrait.picture = pictureOf(stage.window());
         portrait.title = stage.window().windowTitle();
         portrait.findings = check(stage.window(), texts, portrait.picture);
+        portrait.findings += checkSize(stage.window().size(), stage.definedSize());
         places = placesIn(stage.window(), texts);
     }
     if (language.isRightToLeft()) {

@@ -1,14 +1,14 @@
 // PseudoLocales RESOURCES FOLDER CODE... makes three pseudo-locales out of the languages with these
 // codes in the resources' sources, and writes the strings file and the licence of each below the
 // folder: xa is accented English, xr the same from right to left, and xl takes each message from
-// the language whose text is the widest when it is drawn. The licence of xl is the one with the
-// most characters. Licences are written in UTF-8.
+// the language with the widest word in it, and of several such the one that is the widest as a
+// whole. The licence of xl is the one with the most characters. Licences are written in UTF-8.
 #include "PseudoText.h"
 #include "Support/MessageIdentifiers.h"
+#include "TextWidth.h"
 
 #include <kvparser.h>
 
-#include <QFontMetricsF>
 #include <QGuiApplication>
 
 #include <cstdio>
@@ -80,8 +80,8 @@ void make(const fs::path& resources, const fs::path& folder,
           const std::vector<std::string>& codes) {
     const auto english = catalogue(resources, "en");
     const std::string englishLicence = licence(resources, "en");
-    const std::pair<std::string, Text> pseudoLocales[] = {{"xa", Gallery::accented},
-                                                          {"xr", Gallery::rightToLeft}};
+    const std::pair<std::string, Text> pseudoLocales[] = {
+        {ACCENTED_TEXTS, Gallery::accented}, {RIGHT_TO_LEFT_TEXTS, Gallery::rightToLeft}};
     for (const auto& [code, made] : pseudoLocales) {
         const Text& change = made;
         writeStrings(folder, code,
@@ -98,19 +98,20 @@ void make(const fs::path& resources, const fs::path& folder,
             longestLicence = text;
         }
     }
-    const QFontMetricsF metrics{QFont("Noto Sans", 12)};
-    const auto width = [&metrics](const std::string& text) {
-        return metrics.horizontalAdvance(QString::fromStdString(Gallery::withoutTags(text)));
-    };
-    writeStrings(folder, "xl", [&](const std::string& key) {
+    writeStrings(folder, LONGEST_TEXTS, [&](const std::string& key) {
         std::string widest;
+        Gallery::TextWidth width;
         for (const auto& parser : catalogues) {
             const std::string text = parser->getMessage(key);
-            widest = width(text) > width(widest) ? text : widest;
+            const Gallery::TextWidth other = Gallery::widthOf(key, text);
+            if (width < other) {
+                widest = text;
+                width = other;
+            }
         }
         return widest;
     });
-    write(folder / "LA_xl.txt", longestLicence);
+    write(folder / "LA_" LONGEST_TEXTS ".txt", longestLicence);
 }
 
 } // namespace

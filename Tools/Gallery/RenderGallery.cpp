@@ -1,6 +1,7 @@
-// RenderGallery FOLDER CODE renders every scene of a language or pseudo-locale into the folder, at
-// the scale of the display, and measures what the pictures show. Prints what is wrong, one line
-// each, and fails when there is anything.
+// RenderGallery FOLDER CODE [RESOURCES] renders every scene of a language or pseudo-locale into the
+// folder, at the scale of the display, and measures what the pictures show; its texts come from
+// another resource folder where one is named. Prints what is wrong, one line each, and fails when
+// there is anything.
 #include "Album.h"
 #include "Platform/Backend.h"
 #include "Toolkit.h"
@@ -11,23 +12,24 @@
 #include <string>
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Usage: RenderGallery FOLDER CODE\n", stderr);
+    if (argc < 3 || argc > 4) {
+        std::fputs("Usage: RenderGallery FOLDER CODE [RESOURCES]\n", stderr);
         return 2;
     }
     const std::string code = argv[2];
     const auto& all = Gallery::languages();
-    const auto language =
+    const auto known =
         std::find_if(all.begin(), all.end(), [&code](const auto& one) { return one.code == code; });
-    if (language == all.end()) {
+    if (known == all.end()) {
         std::fprintf(stderr, "RenderGallery: there is no language %s\n", code.c_str());
         return 2;
     }
-    Gallery::prepareToolkit(language->layoutCode);
+    const Gallery::Language language = argc == 4 ? Gallery::languageIn(argv[3], code) : *known;
+    Gallery::prepareToolkit(language.layoutCode);
     const Vexora::Backend backend(argv);
     Gallery::useTypefaceOfPictures();
     try {
-        const QStringList findings = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), *language);
+        const QStringList findings = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), language);
         for (const QString& finding : findings) {
             std::puts(qPrintable(finding));
         }

@@ -40,9 +40,9 @@ Stage::Stage(const Language& language) : application_(language.layoutCode) {
     content_ = std::make_shared<Vexora::ViewController>(platform_);
     QWidget* root = dynamic_cast<Vexora::WidgetOwner&>(*content_->view()).widget();
     // The window as the definition wants it, however small the display is.
-    const QSize size = root->size();
+    definedSize_ = root->size();
     application_.mainWindow().setContent(root);
-    window().resize(size);
+    window().resize(definedSize_);
     window().setAttribute(Qt::WA_DontShowOnScreen);
     window().show();
     settle();

@@ -41,6 +41,8 @@ public:
     void enter(const Scene& scene);
 
     QWidget& window() { return application_.mainWindow(); }
+    /// The window's size according to its definition.
+    QSize definedSize() const { return definedSize_; }
 
 private:
     void install();
@@ -66,6 +68,7 @@ private:
         application_, interfaces_,  mainQueue_,           backgroundQueue_, clock_,    files_,
         processes_,   environment_, administratorScript_, workspace_,       systemLog_};
     std::shared_ptr<Vexora::ViewController> content_;
+    QSize definedSize_;
 };
 
 } // namespace Gallery

@@ -1,14 +1,18 @@
 #include "TextChecks.h"
 
+#include "GlyphCheck.h"
+#include "Platform/Qt/TextLabel.h"
 #include "Words.h"
 
 #include <QAbstractButton>
 #include <QFontMetricsF>
+#include <QPainterPath>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -17,6 +21,9 @@ namespace {
 
 /// How far a place may be off, in pixels of the layout: what rounding to whole ones takes.
 constexpr qreal tolerance = 1.0;
+
+/// What a label keeps free on each side of its lines.
+constexpr qreal labelPadding = 4.0;
 
 /// The room for text inside a control.
 QRectF roomIn(const QWidget& widget) {
@@ -77,10 +84,10 @@ Findings checkInside(const PaintedText& painted) {
         }
     }
     const QRectF shown = shownRegionOf(widget).boundingRect();
-    if (!contains(shown, painted.inkRect(), scrolls)) {
+    const QRectF ink = painted.inkRect();
+    if (!ink.isEmpty() && !contains(shown, ink, scrolls)) {
         findings.append(
-            {nameOf(widget),
-             QString("ink at %1 is cut off at %2").arg(words(painted.inkRect()), words(shown))});
+            {nameOf(widget), QString("ink at %1 is cut off at %2").arg(words(ink), words(shown))});
     }
     return findings;
 }
@@ -95,12 +102,73 @@ Findings checkWhole(const PaintedText& painted) {
 }
 
 Findings checkTags(const QString& control, const QString& text) {
-    static const QRegularExpression tag("</?[A-Za-z]+/?>");
-    const QRegularExpressionMatch match = tag.match(text);
-    if (!match.hasMatch()) {
+    static const QRegularExpression tag("</?[A-Za-z][^<>]*>?|&[a-z]+;");
+    QStringList found;
+    for (auto matches = tag.globalMatch(text); matches.hasNext();) {
+        found.append(matches.next().captured());
+    }
+    if (found.isEmpty()) {
         return {};
     }
-    return {{control, QString("shows the tag %1").arg(match.captured())}};
+    return {{control, QString("shows the tag %1").arg(found.join(", "))}};
+}
+
+Findings checkWords(const PaintedText& painted) {
+    const auto* label = qobject_cast<const Vexora::TextLabel*>(painted.widget);
+    if (label == nullptr) {
+        return {};
+    }
+    QTextLayout layout(label->text(), label->font());
+    layout.setFormats(label->formats());
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    const qreal room = label->contentsRect().width() - 2 * labelPadding;
+    if (layout.minimumWidth() <= room + tolerance) {
+        return {};
+    }
+    return {{nameOf(*label), QString("has a word %1 wide in lines of %2: \"%3\"")
+                                 .arg(layout.minimumWidth())
+                                 .arg(room)
+                                 .arg(label->text())}};
+}
+
+Findings checkBlank(const PaintedText& painted) {
+    if (textHeldBy(*painted.widget).isEmpty() || !painted.inkRect().isEmpty()) {
+        return {};
+    }
+    return {{nameOf(*painted.widget), "shows nothing of its text"}};
+}
+
+Findings checkLetters(const QString& control, const QString& text, Qt::LayoutDirection direction) {
+    const auto isRightToLeft = [](QChar character) {
+        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+    };
+    const auto found = std::find_if(text.begin(), text.end(), isRightToLeft);
+    if (direction == Qt::LeftToRight && found != text.end()) {
+        return {
+            {control, "holds, in a layout from left to right, " + characterName(found->unicode())}};
+    }
+    const bool hasLetters =
+        std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
+    if (direction == Qt::RightToLeft && found == text.end() && hasLetters) {
+        return {{control,
+                 QString("has no letter from right to left in such a layout: \"%1\"").arg(text)}};
+    }
+    return {};
+}
+
+Findings checkTitle(const QWidget& window) {
+    const QString title = window.windowTitle();
+    const QString name = "window";
+    QPainterPath ink;
+    ink.addText(0.0, 0.0, window.font(), title);
+    Findings findings;
+    if (ink.boundingRect().isEmpty()) {
+        findings.append({name, "has a title of which nothing can be seen"});
+    }
+    return findings + checkTags(name, title) + checkGlyphs(name, title, window.font()) +
+           checkLetters(name, title, window.layoutDirection());
 }
 
 Findings checkLines(const PaintedText& painted) {

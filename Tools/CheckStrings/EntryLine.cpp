@@ -1,5 +1,7 @@
 #include "EntryLine.h"
 
+#include <trtools.h>
+
 #include <algorithm>
 
 namespace CheckStrings {
@@ -115,6 +117,17 @@ std::optional<EntryLine> readEntryLine(std::string_view line) {
         entry.faults.push_back(Rule::EmptyText);
     }
     return entry;
+}
+
+std::optional<std::string> keyInProgram(std::string_view line) {
+    using VXLOCAL::TRTools::trim;
+    const std::vector<std::string> pieces =
+        VXLOCAL::TRTools::split(std::string(line), std::string(separator));
+    if (pieces.size() != 2 || trim(trim(pieces[1], "\r", false), "\"", false).empty()) {
+        return std::nullopt;
+    }
+    const std::string key = trim(pieces[0], "\"", false);
+    return key.empty() ? std::nullopt : std::optional(key);
 }
 
 } // namespace CheckStrings

@@ -1,9 +1,10 @@
-// One line of a strings file, read as its writer meant it, whatever is wrong with it.
+// One line of a strings file: as its writer meant it, whatever is wrong with it, and as the program takes it.
 #pragma once
 
 #include "Rules.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -24,5 +25,8 @@ struct EntryLine {
 /// @return what was meant, pointing into the line; nothing when the line has no quotes around an
 ///     equals sign and so cannot be meant as an entry.
 std::optional<EntryLine> readEntryLine(std::string_view line);
+
+/// @return the key under which the program keeps a line, as written; nothing when it drops the line.
+std::optional<std::string> keyInProgram(std::string_view line);
 
 } // namespace CheckStrings

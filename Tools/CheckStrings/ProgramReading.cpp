@@ -1,7 +1,5 @@
 #include "ProgramReading.h"
 
-#include "EntryLine.h"
-
 #include <kvparser.h>
 #include <trtools.h>
 
@@ -17,8 +15,6 @@ namespace CheckStrings {
 namespace {
 
 using VXLOCAL::TRTools::escape;
-using VXLOCAL::TRTools::split;
-using VXLOCAL::TRTools::trim;
 using VXLOCAL::TRTools::unescape;
 
 /// By the letter behind a backslash: the byte that the library escapes so, or 0.
@@ -68,15 +64,6 @@ std::map<std::string_view, const Entry*> soundEntries(const std::vector<Entry>& 
 }
 
 } // namespace
-
-std::optional<std::string> keyInProgram(std::string_view line) {
-    const std::vector<std::string> pieces = split(std::string(line), std::string(separator));
-    if (pieces.size() != 2 || trim(trim(pieces[1], "\r", false), "\"", false).empty()) {
-        return std::nullopt;
-    }
-    const std::string key = trim(pieces[0], "\"", false);
-    return key.empty() ? std::nullopt : std::optional(key);
-}
 
 void compareWithProgram(const std::filesystem::path& file, const std::vector<Entry>& entries,
                         FileReport& report) {

@@ -5,15 +5,9 @@
 #include "StringsFile.h"
 
 #include <filesystem>
-#include <optional>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace CheckStrings {
-
-/// @return the key under which the program keeps a line, as written; nothing when it drops the line.
-std::optional<std::string> keyInProgram(std::string_view line);
 
 /// Has the library read the file, looks up every sound entry as the program would, and reports
 /// those that come out otherwise than they are written.

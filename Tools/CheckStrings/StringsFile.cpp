@@ -1,7 +1,6 @@
 #include "StringsFile.h"
 
 #include "EntryLine.h"
-#include "ProgramReading.h"
 #include "Utf8.h"
 
 #include <trtools.h>

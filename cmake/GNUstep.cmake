@@ -4,7 +4,7 @@
 find_program(VEXORA_GNUSTEP_CONFIG gnustep-config)
 if(NOT VEXORA_GNUSTEP_CONFIG)
   message(FATAL_ERROR
-    "VEXORA_BACKEND is appkit, which takes GNUstep here: install gobjc++, libgnustep-gui-dev and gnustep-back0.29-cairo.")
+    "VEXORA_BACKEND is appkit, which takes GNUstep here: Tools/need-packages appkit installs it on Debian.")
 endif()
 
 # Sets RESULT to what gnustep-config prints for QUERY, as a list.

@@ -84,7 +84,7 @@ class InfoPlistTextsTest(PackagingTestCase):
 
     def test_fonts_are_named_where_there_are_some(self):
         self.assertEqual(self.made("FONTS Fonts LANGUAGES en")["ATSApplicationFontsPath"], "Fonts")
-        self.assertNotIn("ATSApplicationFontsPath", self.made('FONTS "" LANGUAGES en'))
+        self.assertNotIn("ATSApplicationFontsPath", self.made("FONTS LANGUAGES en"))
 
     def test_nothing_of_the_template_is_left(self):
         self.made("NAME a VERSION 1 MINIMUM_SYSTEM 11.0 LANGUAGES en")

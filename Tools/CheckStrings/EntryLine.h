@@ -1,4 +1,5 @@
-// One line of a strings file: as its writer meant it, whatever is wrong with it, and as the program takes it.
+// One line of a strings file: as its writer meant it, whatever is wrong with it, and as the program
+// takes it.
 #pragma once
 
 #include "Rules.h"

@@ -1,7 +1,7 @@
 #include "StringsFile.h"
 
+#include "Characters.h"
 #include "EntryLine.h"
-#include "Utf8.h"
 
 #include <trtools.h>
 

@@ -1,6 +1,6 @@
 #include "Tags.h"
 
-#include "Blank.h"
+#include "Characters.h"
 
 #include <algorithm>
 #include <string>

@@ -1,10 +1,8 @@
 #include "TextRules.h"
 
-#include "Bidi.h"
-#include "Blank.h"
+#include "Characters.h"
 #include "Format.h"
 #include "Tags.h"
-#include "Utf8.h"
 
 #include <tr.h>
 #include <trtools.h>

@@ -1,9 +1,9 @@
 // check-strings: holds strings files and licence texts to what the program can really read.
 
 #include "Catalogue.h"
+#include "Characters.h"
 #include "CommandLine.h"
 #include "FileBytes.h"
-#include "Printable.h"
 #include "Resources.h"
 
 #include <algorithm>

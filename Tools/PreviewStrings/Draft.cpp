@@ -1,8 +1,8 @@
 #include "Draft.h"
 
 #include "Catalogue.h"
+#include "Characters.h"
 #include "Core/LocaleSelection.h"
-#include "Printable.h"
 #include "PseudoText.h"
 #include "Support/MessageIdentifiers.h"
 

@@ -3,7 +3,7 @@
 #include "kvparser.h"
 #include "tr.h"
 
-#include "Support/TemporaryFolder.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -81,7 +81,7 @@ protected:
         parser_.parse();
     }
 
-    TestSupport::TemporaryFolder folder_;
+    TemporaryFolder folder_;
     KVParser parser_{"Localizable.strings"};
 };
 

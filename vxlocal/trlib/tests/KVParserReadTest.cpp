@@ -2,7 +2,7 @@
 // every call of read(2) to the function here, which can fail it.
 #include "kvparser.h"
 
-#include "Support/TemporaryFolder.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -76,7 +76,7 @@ protected:
         fault = {};
     }
 
-    TestSupport::TemporaryFolder folder_;
+    TemporaryFolder folder_;
     KVParser parser_{"Localizable.strings"};
 };
 

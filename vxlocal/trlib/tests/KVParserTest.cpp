@@ -1,6 +1,6 @@
 #include "kvparser.h"
 
-#include "Support/TemporaryFolder.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@
 #include <string_view>
 
 using namespace VXLOCAL;
-using TestSupport::TemporaryFolder;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "trtools.h"
 
-#include "Support/TemporaryFolder.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,6 @@
 #include <unistd.h>
 
 using namespace VXLOCAL;
-using TestSupport::TemporaryFolder;
 using Pieces = std::vector<std::string>;
 
 namespace {

@@ -3,7 +3,7 @@
 #include "kvparser.h"
 #include "parser.h"
 
-#include "Support/TemporaryFolder.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,6 @@
 #include <vector>
 
 using namespace VXLOCAL;
-using TestSupport::TemporaryFolder;
 
 namespace {
 

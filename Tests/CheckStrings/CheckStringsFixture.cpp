@@ -51,7 +51,7 @@ CheckStringsFixture::findings(const std::vector<std::string>& arguments) const {
 CheckStringsFixture::Lines
 CheckStringsFixture::findingsIn(std::string_view bytes,
                                 const std::vector<std::string>& keys) const {
-    folder_.write("reference.strings", catalogueOf(keys));
+    folder_.write("reference.strings", stringsOf(keys));
     folder_.write("text.strings", bytes);
     const std::string start = "text.strings:";
     Lines shortened;
@@ -64,7 +64,7 @@ CheckStringsFixture::findingsIn(std::string_view bytes,
     return shortened;
 }
 
-std::string CheckStringsFixture::catalogueOf(const std::vector<std::string>& keys) {
+std::string CheckStringsFixture::stringsOf(const std::vector<std::string>& keys) {
     std::string text;
     for (const std::string& key : keys) {
         text.append("\"").append(key).append("\" = \"").append(key).append("\"\n");

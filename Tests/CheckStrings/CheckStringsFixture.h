@@ -36,7 +36,7 @@ protected:
     Lines findingsIn(std::string_view bytes, const std::vector<std::string>& keys) const;
 
     /// A strings file with each key as its own text.
-    static std::string catalogueOf(const std::vector<std::string>& keys);
+    static std::string stringsOf(const std::vector<std::string>& keys);
 
     TestSupport::TemporaryFolder folder_;
 

@@ -54,7 +54,7 @@ TEST_F(CommandLineTest, misuseIsRefused) {
 }
 
 TEST_F(CommandLineTest, whatCannotBeReadIsRefused) {
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     std::filesystem::create_directory(folder_.path() / "folder");
     EXPECT_EQ(refusalOf({"nowhere"}),
               "check-strings: cannot read the file nowhere/en.lproj/Localizable.strings\n");
@@ -79,7 +79,7 @@ TEST_F(CommandLineTest, fileThatCannotBeReadToItsEndIsNamed) {
     if (!std::filesystem::is_regular_file(memory)) {
         GTEST_SKIP() << "this system has no " << memory;
     }
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     EXPECT_EQ(refusalOf({"--reference", "reference", memory}),
               "check-strings: cannot read the file " + memory + "\n");
     EXPECT_EQ(refusalOf({"--reference", memory, "reference"}),
@@ -87,14 +87,14 @@ TEST_F(CommandLineTest, fileThatCannotBeReadToItsEndIsNamed) {
 }
 
 TEST_F(CommandLineTest, linkLoopIsAFileThatCannotBeRead) {
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     std::filesystem::create_symlink("loop", folder_.path() / "loop");
     EXPECT_EQ(refusalOf({"--reference", "reference", "loop"}),
               "check-strings: cannot read the file loop\n");
 }
 
 TEST_F(CommandLineTest, controlCharactersAreNeverPrintedAsTheyAre) {
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     folder_.write("a\nb\x1B[1m",
                   "\"Start\" = \"a\\n\x1B[2m\xC2\x9B\x7Fé\"\"\n\"\xFF\" = \"Los\"\n");
     const std::string name = R"(a\x0Ab\x1B[1m)";
@@ -117,7 +117,7 @@ TEST_F(CommandLineTest, outputThatCannotBeWrittenIsNoSuccess) {
 }
 
 TEST_F(CommandLineTest, pathsAreTakenAsTheyAreGiven) {
-    folder_.write("with blank/reference", catalogueOf({"Start"}));
+    folder_.write("with blank/reference", stringsOf({"Start"}));
     folder_.write("with blank/text", "x\n\"Start\" = \"Los\"\n");
     const std::string text = (folder_.path() / "with blank/text").string();
     const Lines lines = findings({"--reference", "with blank/reference", text});

@@ -3,23 +3,23 @@
 using KeyRulesTest = CheckStringsFixture;
 
 TEST_F(KeyRulesTest, missingKeyIsFoundForTheFileAsAWhole) {
-    EXPECT_EQ(findingsIn(catalogueOf({"Start"}), {"Start", "Close"}), Lines{"0: missing-key"});
+    EXPECT_EQ(findingsIn(stringsOf({"Start"}), {"Start", "Close"}), Lines{"0: missing-key"});
     EXPECT_EQ(findingsIn("", {"Start", "Close"}), (Lines{"0: missing-key", "0: missing-key"}));
 }
 
 TEST_F(KeyRulesTest, missingKeyIsNamed) {
-    folder_.write("reference", catalogueOf({"Start", "Close"}));
-    folder_.write("text", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start", "Close"}));
+    folder_.write("text", stringsOf({"Start"}));
     EXPECT_EQ(findings({"--reference", "reference", "text"}), Lines{"text:0: missing-key: Close"});
 }
 
 TEST_F(KeyRulesTest, unknownKeyIsFound) {
-    EXPECT_EQ(findingsIn(catalogueOf({"Start", "start", "Start "}), {"Start"}),
+    EXPECT_EQ(findingsIn(stringsOf({"Start", "start", "Start "}), {"Start"}),
               (Lines{"2: unknown-key", "3: unknown-key"}));
 }
 
 TEST_F(KeyRulesTest, repeatedUnknownKeyIsCalledUnknownOnce) {
-    EXPECT_EQ(findingsIn(catalogueOf({"Start", "Stop", "Stop"}), {"Start"}),
+    EXPECT_EQ(findingsIn(stringsOf({"Start", "Stop", "Stop"}), {"Start"}),
               (Lines{"2: unknown-key", "3: duplicate-key"}));
 }
 
@@ -35,7 +35,7 @@ TEST_F(KeyRulesTest, faultyLineStillCountsAsItsKeys) {
 }
 
 TEST_F(KeyRulesTest, orderOfKeysDoesNotMatter) {
-    EXPECT_EQ(findingsIn(catalogueOf({"b", "c", "a"}), {"a", "b", "c"}), Lines{});
+    EXPECT_EQ(findingsIn(stringsOf({"b", "c", "a"}), {"a", "b", "c"}), Lines{});
 }
 
 TEST_F(KeyRulesTest, quotesAtTheEndsOfATextAreMisread) {
@@ -64,7 +64,7 @@ TEST_F(KeyRulesTest, keyThatNoTextOfTheProgramFindsIsMisread) {
         EXPECT_EQ(findingsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{"1: misread"}) << key;
     }
     for (const std::string key : {"Say \"go\" now", "a\tb"}) {
-        EXPECT_EQ(findingsIn(catalogueOf({key}), {key}), Lines{"1: misread"}) << key;
+        EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{"1: misread"}) << key;
     }
     for (const std::string key : {"Say \\\"go\\\" now", "a\\tb", "a\\vb", "a\\\\b", "a b\\\\"}) {
         EXPECT_EQ(findingsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{}) << key;
@@ -106,7 +106,7 @@ TEST_F(KeyRulesTest, lastOfSeveralLinesIsTheOneThatTheProgramReads) {
 }
 
 TEST_F(KeyRulesTest, findingsAreSortedByFileAndLine) {
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     folder_.write("b", "x\n\"Start\" = \"Los\"\ny\n");
     folder_.write("a", "\"Start\" = \"50%\";\n");
     Lines places;

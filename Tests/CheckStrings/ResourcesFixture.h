@@ -14,7 +14,7 @@ protected:
     }
 
     void addLanguage(const std::string& code, const std::vector<std::string>& keys = {"Start"}) {
-        folder_.write("all/" + code + ".lproj/Localizable.strings", catalogueOf(keys));
+        folder_.write("all/" + code + ".lproj/Localizable.strings", stringsOf(keys));
         folder_.write("all/LA_" + code, text_);
     }
 

@@ -16,9 +16,9 @@ TEST_F(ResourcesTest, everyLanguageIsHeldToTheEnglishKeys) {
 }
 
 TEST_F(ResourcesTest, areHeldToTheReferenceThatIsNamed) {
-    folder_.write("reference", catalogueOf({"Stop"}));
+    folder_.write("reference", stringsOf({"Stop"}));
     EXPECT_EQ(findings({"--reference", "reference", "all"}).size(), 4U);
-    folder_.write("reference", catalogueOf({"Start"}));
+    folder_.write("reference", stringsOf({"Start"}));
     EXPECT_EQ(findings({"--reference", "reference", "all"}), Lines{});
 }
 
@@ -54,7 +54,7 @@ TEST_F(ResourcesTest, folderThatTheProgramNeverOpensIsFound) {
     const std::string fault = ".lproj:0: language-folder: the program opens only folders, each "
                               "named by two lower-case letters";
     for (const std::string name : {"DE", "Base", "d", "deu", "pt_BR", "q9"}) {
-        folder_.write("all/" + name + ".lproj/Localizable.strings", catalogueOf({"Stop"}));
+        folder_.write("all/" + name + ".lproj/Localizable.strings", stringsOf({"Stop"}));
     }
     EXPECT_EQ(findings({"all"}), (Lines{"all/Base" + fault, "all/DE" + fault, "all/d" + fault,
                                         "all/deu" + fault, "all/pt_BR" + fault, "all/q9" + fault}));

@@ -1,4 +1,4 @@
-#include "Catalogue.h"
+#include "FileRules.h"
 #include "Support/MessageIdentifiers.h"
 
 #include <kvparser.h>

@@ -44,8 +44,8 @@ std::optional<std::string> identifierOf(std::string_view key) {
 }
 
 /// The message as it reaches printf: key and message end at a zero byte.
-std::string lookUp(const VXLOCAL::KVParser& catalogue, const std::string& identifier) {
-    return catalogue.getMessage(identifier.c_str()).c_str();
+std::string lookUp(const VXLOCAL::KVParser& parser, const std::string& identifier) {
+    return parser.getMessage(identifier.c_str()).c_str();
 }
 
 /// The entry that counts for each key: the last one. Keys with a line that breaks a rule, which is
@@ -67,15 +67,15 @@ std::map<std::string_view, const Entry*> soundEntries(const std::vector<Entry>& 
 
 void compareWithProgram(const std::filesystem::path& file, const std::vector<Entry>& entries,
                         FileReport& report) {
-    VXLOCAL::KVParser catalogue(file.filename().c_str());
-    catalogue.setLocaleDir(file.has_parent_path() ? file.parent_path().string() : ".");
-    catalogue.parse();
+    VXLOCAL::KVParser parser(file.filename().c_str());
+    parser.setLocaleDir(file.has_parent_path() ? file.parent_path().string() : ".");
+    parser.parse();
     for (const auto& [key, entry] : soundEntries(entries)) {
         const auto identifier = identifierOf(key);
         if (!identifier) {
             report.add(entry->line, Rule::Misread,
                        "no text of the program finds this key; see to its quotes and escapes");
-        } else if (const std::string read = lookUp(catalogue, *identifier);
+        } else if (const std::string read = lookUp(parser, *identifier);
                    read != unescape(entry->value)) {
             report.add(entry->line, Rule::Misread, "the program reads: " + read);
         }

@@ -84,7 +84,7 @@ void checkResources(const fs::path& resources, const Keys& wanted, Findings& fin
     }
     for (const std::string& language : contents.languages) {
         const fs::path file = resources / (language + ".lproj") / stringsFileName;
-        checkFile(file, findings, [&] { checkCatalogue(file, wanted, findings); });
+        checkFile(file, findings, [&] { checkStringsFile(file, wanted, findings); });
         const std::string license = licensePrefix + language;
         if (!contents.licenses.contains(license)) {
             FileReport((resources / license).string(), findings)

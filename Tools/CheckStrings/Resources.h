@@ -1,7 +1,7 @@
 // A staged resource directory as a whole.
 #pragma once
 
-#include "Catalogue.h"
+#include "FileRules.h"
 
 #include <filesystem>
 

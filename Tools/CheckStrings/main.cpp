@@ -1,9 +1,9 @@
 // check-strings: holds strings files and licence texts to what the program can really read.
 
-#include "Catalogue.h"
 #include "Characters.h"
 #include "CommandLine.h"
 #include "FileBytes.h"
+#include "FileRules.h"
 #include "Resources.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ Findings check(const Request& request) {
         const Keys wanted = readKeys(request.reference.value());
         std::ranges::for_each(request.paths, readBytes); // throws before the first finding
         for (const std::filesystem::path& file : request.paths) {
-            checkCatalogue(file, wanted, findings);
+            checkStringsFile(file, wanted, findings);
         }
     }
     std::sort(findings.begin(), findings.end());

@@ -1,8 +1,8 @@
 #include "Draft.h"
 
-#include "Catalogue.h"
 #include "Characters.h"
 #include "Core/LocaleSelection.h"
+#include "FileRules.h"
 #include "PseudoText.h"
 #include "Support/MessageIdentifiers.h"
 
@@ -98,8 +98,8 @@ QByteArray Draft::corrections() {
 
 void Draft::checkRules(const std::filesystem::path& file) {
     CheckStrings::Findings findings;
-    CheckStrings::checkCatalogue(file, {messageIdentifiers.begin(), messageIdentifiers.end()},
-                                 findings);
+    CheckStrings::checkStringsFile(file, {messageIdentifiers.begin(), messageIdentifiers.end()},
+                                   findings);
     std::sort(findings.begin(), findings.end());
     QStringList missing;
     for (const CheckStrings::Finding& finding : findings) {

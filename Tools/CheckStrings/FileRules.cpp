@@ -1,4 +1,4 @@
-#include "Catalogue.h"
+#include "FileRules.h"
 
 #include "FileBytes.h"
 #include "ProgramReading.h"
@@ -58,7 +58,7 @@ Keys readKeys(const std::filesystem::path& reference) {
     return keys;
 }
 
-void checkCatalogue(const std::filesystem::path& file, const Keys& wanted, Findings& findings) {
+void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Findings& findings) {
     FileReport report(file.string(), findings);
     const Strings strings = readStrings(readBytes(file), report);
     checkKeys(strings.entries, wanted, report);

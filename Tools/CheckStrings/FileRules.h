@@ -18,6 +18,6 @@ Keys readKeys(const std::filesystem::path& reference);
 
 /// Checks a strings file by all rules.
 /// @throws UnreadableFile when the file cannot be read.
-void checkCatalogue(const std::filesystem::path& file, const Keys& wanted, Findings& findings);
+void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Findings& findings);
 
 } // namespace CheckStrings

@@ -2,7 +2,7 @@
 // renderer. The renderer uses no state of the controller, so a temporary one will do.
 #pragma once
 
-#include "Platform/InterfaceController.h"
+#include "InterfaceController.h"
 
 #include <mutex>
 #include <string>

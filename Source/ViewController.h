@@ -2,7 +2,7 @@
 // a fixed order by which they find one another.
 #pragma once
 
-#include "Platform/InterfaceController.h"
+#include "InterfaceController.h"
 
 #include <memory>
 

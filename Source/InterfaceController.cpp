@@ -1,4 +1,4 @@
-#include "Platform/InterfaceController.h"
+#include "InterfaceController.h"
 
 namespace Vexora {
 

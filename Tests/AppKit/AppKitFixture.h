@@ -17,8 +17,8 @@
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/AppKit/Views.h"
 #include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Recording/RecordingPlatform.h"
 #include "StartViewController.h"
-#include "Support/RecordingPlatform.h"
 #include "Support/TemporaryFolder.h"
 #include "ViewController.h"
 
@@ -158,19 +158,19 @@ protected:
 
     Vexora::AutoreleaseScope scope;
     TestSupport::TemporaryFolder home;
-    TestSupport::CallLog calls;
-    TestSupport::VirtualTime time;
+    Vexora::Recording::CallLog calls;
+    Vexora::Recording::VirtualTime time;
     TestApplication application;
-    TestSupport::RecordingEnvironment environment;
+    Vexora::Recording::RecordingEnvironment environment;
     Vexora::AppKitInterfaceLoader interfaces{environment};
     HeldMainQueue mainQueue;
-    TestSupport::ManualBackgroundQueue backgroundQueue{calls};
-    TestSupport::ManualClock clock{calls, time};
+    Vexora::Recording::ManualBackgroundQueue backgroundQueue{calls};
+    Vexora::Recording::ManualClock clock{calls, time};
     Vexora::PosixFileSystem files;
-    TestSupport::ScriptedLauncher processes{calls};
-    TestSupport::RecordingAdministratorScript administratorScript{calls, time};
-    TestSupport::RecordingWorkspace workspace{calls};
-    TestSupport::RecordingSystemLog systemLog{calls};
+    Vexora::Recording::ScriptedLauncher processes{calls};
+    Vexora::Recording::RecordingAdministratorScript administratorScript{calls, time};
+    Vexora::Recording::RecordingWorkspace workspace{calls};
+    Vexora::Recording::RecordingSystemLog systemLog{calls};
     Vexora::Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
                               files,       processes,  environment, administratorScript, workspace,
                               systemLog};

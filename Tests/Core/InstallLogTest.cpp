@@ -1,15 +1,15 @@
 #include "Core/InstallLog.h"
 
-#include "Support/RecordingPlatform.h"
+#include "Platform/Recording/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-using TestSupport::Lines;
-using TestSupport::RecordingPlatform;
 using Vexora::LogPaths;
 using Vexora::logPathsForHome;
+using Vexora::Recording::Lines;
+using Vexora::Recording::RecordingPlatform;
 
 namespace {
 

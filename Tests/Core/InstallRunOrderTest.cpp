@@ -1,6 +1,6 @@
 #include "Core/InstallRun.h"
 
-#include "Support/RecordingPlatform.h"
+#include "Platform/Recording/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include <system_error>
 #include <vector>
 
-using TestSupport::Lines;
-using TestSupport::RecordingPlatform;
-using TestSupport::Script;
+using Vexora::Recording::Lines;
+using Vexora::Recording::RecordingPlatform;
+using Vexora::Recording::Script;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "Core/InstallRun.h"
 
-#include "Support/RecordingPlatform.h"
+#include "Platform/Recording/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,11 @@
 #include <system_error>
 #include <vector>
 
-using TestSupport::endless;
-using TestSupport::Lines;
-using TestSupport::ProcessEnded;
-using TestSupport::RecordingPlatform;
-using TestSupport::Script;
+using Vexora::Recording::endless;
+using Vexora::Recording::Lines;
+using Vexora::Recording::ProcessEnded;
+using Vexora::Recording::RecordingPlatform;
+using Vexora::Recording::Script;
 
 namespace {
 

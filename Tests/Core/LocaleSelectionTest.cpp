@@ -1,7 +1,7 @@
 #include "Core/LocaleSelection.h"
 
+#include "Platform/Recording/RecordingPlatform.h"
 #include "Support/Catalogue.h"
-#include "Support/RecordingPlatform.h"
 #include "Support/TemporaryFolder.h"
 
 #include <tr.h>
@@ -10,8 +10,8 @@
 
 #include <string>
 
-using TestSupport::Lines;
 using Vexora::languageCode;
+using Vexora::Recording::Lines;
 
 namespace {
 
@@ -37,7 +37,7 @@ protected:
     static VXLOCAL::Translator& translator() { return *VXLOCAL::Translator::getInstance(); }
 
     TestSupport::TemporaryFolder resources;
-    TestSupport::RecordingEnvironment environment;
+    Vexora::Recording::RecordingEnvironment environment;
     Lines logged;
 };
 

@@ -1,8 +1,8 @@
 #include "Platform/Qt/AdministratorScript.h"
 
 #include "Core/InstallRun.h"
-#include "Support/CallLog.h"
-#include "Support/MemoryFiles.h"
+#include "Platform/Recording/CallLog.h"
+#include "Platform/Recording/MemoryFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -76,14 +76,14 @@ TEST(ShellCommand, endsNotInABackslash) {
 }
 
 TEST(QtAdministratorScript, runsNothingForAnyOtherSource) {
-    TestSupport::CallLog calls;
-    TestSupport::MemoryFiles files(calls);
+    Vexora::Recording::CallLog calls;
+    Vexora::Recording::MemoryFiles files(calls);
     Vexora::PosixProcessLauncher processes;
     Vexora::QtAdministratorScript script(processes, files);
     EXPECT_FALSE(script.execute("do shell script \"true\""));
     EXPECT_FALSE(script.execute(administratorScriptSource("/a\"b")));
     EXPECT_FALSE(script.execute(""));
-    EXPECT_EQ(calls.lines(), TestSupport::Lines{});
+    EXPECT_EQ(calls.lines(), Vexora::Recording::Lines{});
 }
 
 } // namespace QtTest

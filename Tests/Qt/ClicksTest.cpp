@@ -112,9 +112,9 @@ TEST_P(Clicks, onCloseUnmountAndLeaveAfterSuccess) {
     calls.clear();
     click("closeButton");
     EXPECT_EQ(application.exits, std::vector<int>{0});
-    EXPECT_EQ(
-        calls.beginningWith("launch "),
-        TestSupport::Lines{"launch /usr/bin/nohup [" + environment.resources + "/unmount] [&]"});
+    EXPECT_EQ(calls.beginningWith("launch "),
+              Vexora::Recording::Lines{"launch /usr/bin/nohup [" + environment.resources +
+                                       "/unmount] [&]"});
 }
 
 TEST_P(Clicks, onCloseLeaveUnderTheFailureScreen) {

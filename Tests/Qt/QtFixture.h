@@ -12,9 +12,9 @@
 #include "Platform/Qt/InterfaceLoader.h"
 #include "Platform/Qt/MainQueue.h"
 #include "Platform/Qt/TextLabel.h"
+#include "Platform/Recording/RecordingPlatform.h"
 #include "Qt/Printing.h"
 #include "StartViewController.h"
-#include "Support/RecordingPlatform.h"
 #include "Support/TemporaryFolder.h"
 #include "ViewController.h"
 
@@ -154,19 +154,19 @@ protected:
     }
 
     TestSupport::TemporaryFolder home;
-    TestSupport::CallLog calls;
-    TestSupport::VirtualTime time;
+    Vexora::Recording::CallLog calls;
+    Vexora::Recording::VirtualTime time;
     TestApplication application;
-    TestSupport::RecordingEnvironment environment;
+    Vexora::Recording::RecordingEnvironment environment;
     Vexora::QtInterfaceLoader interfaces{environment};
     HeldMainQueue mainQueue;
-    TestSupport::ManualBackgroundQueue backgroundQueue{calls};
-    TestSupport::ManualClock clock{calls, time};
+    Vexora::Recording::ManualBackgroundQueue backgroundQueue{calls};
+    Vexora::Recording::ManualClock clock{calls, time};
     Vexora::PosixFileSystem files;
-    TestSupport::ScriptedLauncher processes{calls};
-    TestSupport::RecordingAdministratorScript administratorScript{calls, time};
-    TestSupport::RecordingWorkspace workspace{calls};
-    TestSupport::RecordingSystemLog systemLog{calls};
+    Vexora::Recording::ScriptedLauncher processes{calls};
+    Vexora::Recording::RecordingAdministratorScript administratorScript{calls, time};
+    Vexora::Recording::RecordingWorkspace workspace{calls};
+    Vexora::Recording::RecordingSystemLog systemLog{calls};
     Vexora::Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
                               files,       processes,  environment, administratorScript, workspace,
                               systemLog};

@@ -1,6 +1,6 @@
 #include "InterfaceController.h"
 
-#include "Support/RecordingPlatform.h"
+#include "Platform/Recording/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-using TestSupport::ElementKind;
-using TestSupport::Lines;
 using Vexora::Button;
 using Vexora::ProgressIndicator;
 using Vexora::ScrollView;
 using Vexora::TextField;
+using Vexora::Recording::ElementKind;
+using Vexora::Recording::Lines;
 
 namespace {
 
@@ -44,7 +44,7 @@ protected:
             false};
     }
 
-    TestSupport::RecordingPlatform platform;
+    Vexora::Recording::RecordingPlatform platform;
     std::shared_ptr<Controller> controller = std::make_shared<Controller>(platform.seam);
 };
 

@@ -5,8 +5,8 @@
 #include <limits>
 
 using namespace ScreenTest;
-using TestSupport::RecordingScrollView;
-using TestSupport::RecordingTextView;
+using Vexora::Recording::RecordingScrollView;
+using Vexora::Recording::RecordingTextView;
 
 namespace {
 

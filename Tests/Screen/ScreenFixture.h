@@ -5,9 +5,9 @@
 #include "FailViewController.h"
 #include "InstallViewController.h"
 #include "LicenseViewController.h"
+#include "Platform/Recording/RecordingPlatform.h"
 #include "StartViewController.h"
 #include "Support/Catalogue.h"
-#include "Support/RecordingPlatform.h"
 #include "Support/TemporaryFolder.h"
 #include "ViewController.h"
 
@@ -19,10 +19,10 @@
 
 namespace ScreenTest {
 
-using TestSupport::endless;
-using TestSupport::Lines;
-using TestSupport::namesOfSubviews;
-using TestSupport::Script;
+using Vexora::Recording::endless;
+using Vexora::Recording::Lines;
+using Vexora::Recording::namesOfSubviews;
+using Vexora::Recording::Script;
 
 inline const std::string logFolder = "/Users/ann/Library/Logs/Vexora_Lumiq";
 inline const std::string logFile = logFolder + "/vexora-one-click-installer.log";
@@ -79,7 +79,7 @@ protected:
     }
 
     TestSupport::TemporaryFolder resources;
-    TestSupport::RecordingPlatform platform;
+    Vexora::Recording::RecordingPlatform platform;
     std::shared_ptr<Vexora::ViewController> window;
     std::shared_ptr<Vexora::View> root;
 };

@@ -2,15 +2,26 @@
 // Every fixture whose subject translates texts starts from a known catalogue.
 #pragma once
 
+#include <kvparser.h>
+#include <tr.h>
+
 #include <map>
 #include <string>
 
 namespace TestSupport {
 
 /// Gives the translator an empty catalogue, so that every text stands for itself.
-void forgetTranslations();
+inline void forgetTranslations() {
+    VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser("null"), "en", "/dev", "null");
+}
 
 /// The bytes of a strings file with these entries.
-std::string stringsFile(const std::map<std::string, std::string>& entries);
+inline std::string stringsFile(const std::map<std::string, std::string>& entries) {
+    std::string bytes;
+    for (const auto& [key, value] : entries) {
+        bytes += '"' + key + "\" = \"" + value + "\"\n";
+    }
+    return bytes;
+}
 
 } // namespace TestSupport

@@ -7,8 +7,8 @@
 #include "Platform/Posix/PosixFileSystem.h"
 #include "Platform/Qt/Application.h"
 #include "Platform/Qt/InterfaceLoader.h"
+#include "Platform/Recording/RecordingPlatform.h"
 #include "Scenes.h"
-#include "Support/RecordingPlatform.h"
 #include "Support/TemporaryFolder.h"
 #include "ViewController.h"
 
@@ -49,21 +49,21 @@ private:
     void endInstall(int status);
 
     TestSupport::TemporaryFolder home_;
-    TestSupport::CallLog calls_;
-    TestSupport::VirtualTime time_;
+    Vexora::Recording::CallLog calls_;
+    Vexora::Recording::VirtualTime time_;
     StageApplication application_;
-    TestSupport::RecordingEnvironment environment_;
+    Vexora::Recording::RecordingEnvironment environment_;
     /// Tells the loader where the pictures are, whoever supplies the texts.
-    TestSupport::RecordingEnvironment pictures_;
+    Vexora::Recording::RecordingEnvironment pictures_;
     Vexora::QtInterfaceLoader interfaces_{pictures_};
-    TestSupport::ManualMainQueue mainQueue_{calls_, time_};
-    TestSupport::ManualBackgroundQueue backgroundQueue_{calls_};
-    TestSupport::ManualClock clock_{calls_, time_};
+    Vexora::Recording::ManualMainQueue mainQueue_{calls_, time_};
+    Vexora::Recording::ManualBackgroundQueue backgroundQueue_{calls_};
+    Vexora::Recording::ManualClock clock_{calls_, time_};
     Vexora::PosixFileSystem files_;
-    TestSupport::ScriptedLauncher processes_{calls_};
-    TestSupport::RecordingAdministratorScript administratorScript_{calls_, time_};
-    TestSupport::RecordingWorkspace workspace_{calls_};
-    TestSupport::RecordingSystemLog systemLog_{calls_};
+    Vexora::Recording::ScriptedLauncher processes_{calls_};
+    Vexora::Recording::RecordingAdministratorScript administratorScript_{calls_, time_};
+    Vexora::Recording::RecordingWorkspace workspace_{calls_};
+    Vexora::Recording::RecordingSystemLog systemLog_{calls_};
     Vexora::Platform platform_{
         application_, interfaces_,  mainQueue_,           backgroundQueue_, clock_,    files_,
         processes_,   environment_, administratorScript_, workspace_,       systemLog_};

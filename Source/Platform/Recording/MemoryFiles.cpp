@@ -1,6 +1,6 @@
-#include "Support/MemoryFiles.h"
+#include "Platform/Recording/MemoryFiles.h"
 
-namespace TestSupport {
+namespace Vexora::Recording {
 namespace {
 
 std::string folderOf(const std::string& path) {
@@ -75,18 +75,15 @@ bool MemoryFiles::createFileAtPath(const std::string& path) {
     return true;
 }
 
-std::unique_ptr<Vexora::FileHandle>
-MemoryFiles::fileHandleForWritingAtPath(const std::string& path) {
+std::unique_ptr<FileHandle> MemoryFiles::fileHandleForWritingAtPath(const std::string& path) {
     return open("openForWriting ", path);
 }
 
-std::unique_ptr<Vexora::FileHandle>
-MemoryFiles::fileHandleForUpdatingAtPath(const std::string& path) {
+std::unique_ptr<FileHandle> MemoryFiles::fileHandleForUpdatingAtPath(const std::string& path) {
     return open("openForUpdating ", path);
 }
 
-std::unique_ptr<Vexora::FileHandle> MemoryFiles::open(const std::string& verb,
-                                                      const std::string& path) {
+std::unique_ptr<FileHandle> MemoryFiles::open(const std::string& verb, const std::string& path) {
     calls_.add(verb + path);
     const std::lock_guard lock(mutex_);
     const auto found = files_.find(path);
@@ -144,4 +141,4 @@ std::optional<std::string> MemoryFiles::content(const std::string& path) const {
     return found->second->bytes;
 }
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 using Lines = std::vector<std::string>;
 
@@ -46,4 +46,4 @@ std::string shown(double number);
 /// "true" or "false".
 std::string shown(bool flag);
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

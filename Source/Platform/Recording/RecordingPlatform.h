@@ -3,10 +3,10 @@
 #pragma once
 
 #include "Platform/Platform.h"
-#include "Support/CallLog.h"
-#include "Support/MemoryFiles.h"
-#include "Support/RecordingViews.h"
-#include "Support/VirtualTime.h"
+#include "Platform/Recording/CallLog.h"
+#include "Platform/Recording/MemoryFiles.h"
+#include "Platform/Recording/RecordingViews.h"
+#include "Platform/Recording/VirtualTime.h"
 
 #include <deque>
 #include <functional>
@@ -17,9 +17,9 @@
 #include <system_error>
 #include <vector>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
-class RecordingWindow : public Vexora::Window {
+class RecordingWindow : public Window {
 public:
     RecordingWindow(CallLog& calls, std::size_t index);
 
@@ -34,11 +34,11 @@ private:
 };
 
 /// An application with two windows, of which the first is the main window.
-class RecordingApplication : public Vexora::Application {
+class RecordingApplication : public Application {
 public:
     RecordingApplication(CallLog& calls, VirtualTime& time);
 
-    std::vector<Vexora::Window*> windows() override;
+    std::vector<Window*> windows() override;
     void activateIgnoringOtherApps() override;
     void onWindowWillClose(std::function<void()> handler) override;
     void setLanguage(const std::string& languageCode) override;
@@ -69,13 +69,13 @@ struct Script {
 /// A program that never ends.
 inline constexpr unsigned endless = std::numeric_limits<unsigned>::max();
 
-class ScriptedLauncher : public Vexora::ProcessLauncher {
+class ScriptedLauncher : public ProcessLauncher {
 public:
     explicit ScriptedLauncher(CallLog& calls) : calls_(calls) {}
 
-    std::unique_ptr<Vexora::Process> launch(const std::string& launchPath,
-                                            const std::vector<std::string>& arguments,
-                                            const Vexora::FileHandle* output) override;
+    std::unique_ptr<Process> launch(const std::string& launchPath,
+                                    const std::vector<std::string>& arguments,
+                                    const FileHandle* output) override;
 
     /// What was started.
     struct Launch {
@@ -95,7 +95,7 @@ private:
     CallLog& calls_;
 };
 
-class RecordingEnvironment : public Vexora::Environment {
+class RecordingEnvironment : public Environment {
 public:
     std::string homeDirectory() override { return home; }
     std::string resourcePath() override { return resources; }
@@ -106,7 +106,7 @@ public:
     std::string locale = "en_US";
 };
 
-class RecordingAdministratorScript : public Vexora::AdministratorScript {
+class RecordingAdministratorScript : public AdministratorScript {
 public:
     RecordingAdministratorScript(CallLog& calls, VirtualTime& time) : calls_(calls), time_(time) {}
 
@@ -123,7 +123,7 @@ private:
     VirtualTime& time_;
 };
 
-class RecordingWorkspace : public Vexora::Workspace {
+class RecordingWorkspace : public Workspace {
 public:
     explicit RecordingWorkspace(CallLog& calls) : calls_(calls) {}
 
@@ -134,7 +134,7 @@ private:
     CallLog& calls_;
 };
 
-class RecordingSystemLog : public Vexora::SystemLog {
+class RecordingSystemLog : public SystemLog {
 public:
     explicit RecordingSystemLog(CallLog& calls) : calls_(calls) {}
 
@@ -165,9 +165,8 @@ struct RecordingPlatform {
     RecordingSystemLog systemLog{calls};
 
     /// What the application gets to see.
-    Vexora::Platform seam{application, interfaces, mainQueue,   backgroundQueue,     clock,
-                          files,       processes,  environment, administratorScript, workspace,
-                          systemLog};
+    Platform seam{application, interfaces,  mainQueue,           backgroundQueue, clock,    files,
+                  processes,   environment, administratorScript, workspace,       systemLog};
 };
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Platform/FileSystem.h"
-#include "Support/CallLog.h"
+#include "Platform/Recording/CallLog.h"
 
 #include <map>
 #include <memory>
@@ -12,7 +12,7 @@
 #include <set>
 #include <string>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 /// The bytes of a file, shared by everyone who has it open.
 struct MemoryFile {
@@ -21,7 +21,7 @@ struct MemoryFile {
 };
 
 /// An open file. It records every move, every write with its offset, and its closing.
-class MemoryHandle : public Vexora::FileHandle {
+class MemoryHandle : public FileHandle {
 public:
     MemoryHandle(CallLog& calls, std::string path, std::shared_ptr<MemoryFile> file,
                  int descriptor);
@@ -51,17 +51,15 @@ private:
 };
 
 /// A file system with the root folder, /dev/null and what a test adds.
-class MemoryFiles : public Vexora::FileSystem {
+class MemoryFiles : public FileSystem {
 public:
     explicit MemoryFiles(CallLog& calls);
 
     bool fileExistsAtPath(const std::string& path) override;
     std::optional<std::string> createDirectoryAtPath(const std::string& path) override;
     bool createFileAtPath(const std::string& path) override;
-    std::unique_ptr<Vexora::FileHandle>
-    fileHandleForWritingAtPath(const std::string& path) override;
-    std::unique_ptr<Vexora::FileHandle>
-    fileHandleForUpdatingAtPath(const std::string& path) override;
+    std::unique_ptr<FileHandle> fileHandleForWritingAtPath(const std::string& path) override;
+    std::unique_ptr<FileHandle> fileHandleForUpdatingAtPath(const std::string& path) override;
     std::optional<std::string> utf16TextOfFile(const std::string& path) override;
 
     /// Adds a folder and those above it.
@@ -86,7 +84,7 @@ public:
     std::set<std::string> lockedFiles;
 
 private:
-    std::unique_ptr<Vexora::FileHandle> open(const std::string& verb, const std::string& path);
+    std::unique_ptr<FileHandle> open(const std::string& verb, const std::string& path);
     bool exists(const std::string& path) const;
     void insertFolder(const std::string& path);
 
@@ -98,4 +96,4 @@ private:
     int nextDescriptor_ = 100;
 };
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

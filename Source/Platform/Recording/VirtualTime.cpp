@@ -1,9 +1,9 @@
-#include "Support/VirtualTime.h"
+#include "Platform/Recording/VirtualTime.h"
 
 #include <stdexcept>
 #include <string>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 void VirtualTime::post(double delay, std::function<void()> block) {
     blocks_.emplace(now_ + delay, std::move(block));
@@ -64,4 +64,4 @@ void ManualClock::sleep(unsigned seconds) {
     }
 }
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

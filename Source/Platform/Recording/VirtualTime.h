@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Platform/Queues.h"
-#include "Support/CallLog.h"
+#include "Platform/Recording/CallLog.h"
 
 #include <deque>
 #include <functional>
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 /// Thrown out of a background block when the process would have ended under it.
 struct ProcessEnded {};
@@ -49,7 +49,7 @@ private:
 };
 
 /// The main queue in virtual time.
-class ManualMainQueue : public Vexora::MainQueue {
+class ManualMainQueue : public MainQueue {
 public:
     ManualMainQueue(CallLog& calls, VirtualTime& time) : calls_(calls), time_(time) {}
 
@@ -66,7 +66,7 @@ private:
 };
 
 /// A background queue whose blocks run when the test says so.
-class ManualBackgroundQueue : public Vexora::BackgroundQueue {
+class ManualBackgroundQueue : public BackgroundQueue {
 public:
     explicit ManualBackgroundQueue(CallLog& calls) : calls_(calls) {}
 
@@ -84,7 +84,7 @@ private:
 };
 
 /// A clock in virtual time: sleeping lets the main queue work.
-class ManualClock : public Vexora::Clock {
+class ManualClock : public Clock {
 public:
     ManualClock(CallLog& calls, VirtualTime& time) : calls_(calls), time_(time) {}
 
@@ -102,4 +102,4 @@ private:
     VirtualTime& time_;
 };
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

@@ -1,10 +1,10 @@
-#include "Support/CallLog.h"
+#include "Platform/Recording/CallLog.h"
 
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 void CallLog::add(std::string line) {
     const std::lock_guard lock(mutex_);
@@ -60,4 +60,4 @@ std::string shown(bool flag) {
     return flag ? "true" : "false";
 }
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

@@ -1,25 +1,25 @@
-#include "Support/RecordingViews.h"
+#include "Platform/Recording/RecordingViews.h"
 
 #include <algorithm>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 namespace {
 
 template <class Kind>
-std::shared_ptr<Vexora::View> make(const std::string& name) {
+std::shared_ptr<View> make(const std::string& name) {
     auto view = std::make_shared<Kind>();
     view->name = name;
     return view;
 }
 
-std::shared_ptr<Vexora::View> makeElement(const std::string& name, ElementKind kind) {
+std::shared_ptr<View> makeElement(const std::string& name, ElementKind kind) {
     switch (kind) {
     case ElementKind::Text:
         return make<RecordingTextField>(name);
     case ElementKind::Button:
         return make<RecordingButton>(name);
     case ElementKind::Image:
-        return make<Recording<Vexora::ImageView>>(name);
+        return make<Recording<ImageView>>(name);
     case ElementKind::Progress:
         return make<RecordingProgressIndicator>(name);
     case ElementKind::Scroll:
@@ -27,7 +27,7 @@ std::shared_ptr<Vexora::View> makeElement(const std::string& name, ElementKind k
     case ElementKind::Plain:
         break;
     }
-    return make<Recording<Vexora::View>>(name);
+    return make<Recording<View>>(name);
 }
 
 } // namespace
@@ -59,16 +59,16 @@ std::map<std::string, Definition> screenDefinitions() {
     };
 }
 
-Vexora::Interface RecordingInterfaces::load(const std::string& name) {
+Interface RecordingInterfaces::load(const std::string& name) {
     calls_.add("load " + name);
     const Definition& definition = definitions[name];
-    const auto root = std::make_shared<Recording<Vexora::View>>();
+    const auto root = std::make_shared<Recording<View>>();
     root->name = "view(" + name + ")";
     if (definition.opaque) {
         root->makeOpaque();
     }
 
-    Vexora::Interface loaded;
+    Interface loaded;
     loaded.view = root;
     for (const auto& [element, kind] : definition.elements) {
         const auto view = makeElement(element, kind);
@@ -89,7 +89,7 @@ Vexora::Interface RecordingInterfaces::load(const std::string& name) {
     return loaded;
 }
 
-std::shared_ptr<Vexora::TextView> RecordingInterfaces::makeTextView(Vexora::Size size) {
+std::shared_ptr<TextView> RecordingInterfaces::makeTextView(Size size) {
     calls_.add("makeTextView " + shown(size.width) + " x " + shown(size.height));
     const auto view = std::make_shared<RecordingTextView>();
     view->name = "textView";
@@ -112,7 +112,7 @@ void RecordingInterfaces::leaveOutEverything() {
     }
 }
 
-Lines namesOfSubviews(const Vexora::View& view) {
+Lines namesOfSubviews(const View& view) {
     Lines names;
     for (const auto& child : view.subviews()) {
         names.push_back(dynamic_cast<const Named&>(*child).name);
@@ -120,4 +120,4 @@ Lines namesOfSubviews(const Vexora::View& view) {
     return names;
 }
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

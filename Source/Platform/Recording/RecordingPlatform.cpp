@@ -1,9 +1,9 @@
-#include "Support/RecordingPlatform.h"
+#include "Platform/Recording/RecordingPlatform.h"
 
-namespace TestSupport {
+namespace Vexora::Recording {
 namespace {
 
-class ScriptedProcess : public Vexora::Process {
+class ScriptedProcess : public Process {
 public:
     ScriptedProcess(CallLog& calls, Script script) : calls_(calls), script_(std::move(script)) {}
     ScriptedProcess(const ScriptedProcess&) = delete;
@@ -50,8 +50,8 @@ RecordingApplication::RecordingApplication(CallLog& calls, VirtualTime& time)
     ownedWindows.push_back(std::make_unique<RecordingWindow>(calls, 1));
 }
 
-std::vector<Vexora::Window*> RecordingApplication::windows() {
-    std::vector<Vexora::Window*> all;
+std::vector<Window*> RecordingApplication::windows() {
+    std::vector<Window*> all;
     for (const auto& window : ownedWindows) {
         all.push_back(window.get());
     }
@@ -84,9 +84,9 @@ void RecordingApplication::closeWindow(std::size_t index) {
     }
 }
 
-std::unique_ptr<Vexora::Process> ScriptedLauncher::launch(const std::string& launchPath,
-                                                          const std::vector<std::string>& arguments,
-                                                          const Vexora::FileHandle* output) {
+std::unique_ptr<Process> ScriptedLauncher::launch(const std::string& launchPath,
+                                                  const std::vector<std::string>& arguments,
+                                                  const FileHandle* output) {
     std::string line = "launch " + launchPath;
     for (const std::string& argument : arguments) {
         line += " [" + argument + "]";
@@ -120,4 +120,4 @@ bool RecordingAdministratorScript::execute(const std::string& source) {
     return succeeds;
 }
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

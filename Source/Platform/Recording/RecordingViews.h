@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Platform/Interface.h"
-#include "Support/CallLog.h"
+#include "Platform/Recording/CallLog.h"
 
 #include <map>
 #include <memory>
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace TestSupport {
+namespace Vexora::Recording {
 
 /// What the call log calls a view.
 class Named {
@@ -37,12 +37,12 @@ public:
     void makeOpaque() { this->setOpaque(true); }
 
 protected:
-    void applySubviewAdded(Vexora::View& child, std::size_t index) override {
+    void applySubviewAdded(View& child, std::size_t index) override {
         const auto* named = dynamic_cast<const Named*>(&child);
         record("addSubview " + (named != nullptr ? named->name : "a stand-in") + " at " +
                std::to_string(index) + " of " + std::to_string(this->subviews().size()));
     }
-    void applySubviewRemoved(Vexora::View& child) override {
+    void applySubviewRemoved(View& child) override {
         const auto* named = dynamic_cast<const Named*>(&child);
         if (calls != nullptr && named != nullptr) {
             calls->add(named->name + ".removeFromSuperview");
@@ -56,17 +56,17 @@ protected:
     void applyClickable() override { record("onClick"); }
 };
 
-class RecordingTextField : public Recording<Vexora::TextField> {
+class RecordingTextField : public Recording<TextField> {
 protected:
     void applyText() override { record("setAttributedStringValue " + stringValue()); }
 };
 
-class RecordingButton : public Recording<Vexora::Button> {
+class RecordingButton : public Recording<Button> {
 protected:
     void applyTitle() override { record("setTitle " + title()); }
 };
 
-class RecordingProgressIndicator : public Recording<Vexora::ProgressIndicator> {
+class RecordingProgressIndicator : public Recording<ProgressIndicator> {
 protected:
     void applyIndeterminate() override { record("setIndeterminate " + shown(isIndeterminate())); }
     void applyThreadedAnimation() override {
@@ -75,10 +75,10 @@ protected:
     void applyValue() override { record("doubleValue " + shown(doubleValue())); }
 };
 
-class RecordingTextView : public Recording<Vexora::TextView> {
+class RecordingTextView : public Recording<TextView> {
 public:
     /// The size that the view was made with.
-    Vexora::Size frame;
+    Size frame;
 
 protected:
     void applyRichText() override { record("setRichText " + shown(isRichText())); }
@@ -90,14 +90,14 @@ protected:
     }
 };
 
-class RecordingScrollView : public Recording<Vexora::ScrollView> {
+class RecordingScrollView : public Recording<ScrollView> {
 public:
-    Vexora::Size contentSize() const override {
+    Size contentSize() const override {
         record("contentSize");
         return visible;
     }
 
-    Vexora::Size visible{480.0, 260.0};
+    Size visible{480.0, 260.0};
 
 protected:
     void applyDocumentView() override { record("setDocumentView"); }
@@ -120,12 +120,12 @@ std::map<std::string, Definition> screenDefinitions();
 
 /// Makes recording views. The root view of a definition is called "view(NAME)", the others have
 /// the name of their outlet.
-class RecordingInterfaces : public Vexora::InterfaceLoader {
+class RecordingInterfaces : public InterfaceLoader {
 public:
     explicit RecordingInterfaces(CallLog& calls) : calls_(calls) {}
 
-    Vexora::Interface load(const std::string& name) override;
-    std::shared_ptr<Vexora::TextView> makeTextView(Vexora::Size size) override;
+    Interface load(const std::string& name) override;
+    std::shared_ptr<TextView> makeTextView(Size size) override;
 
     /// Takes an element, its outlet and its action out of a definition.
     void leaveOut(const std::string& definition, const std::string& element);
@@ -135,7 +135,7 @@ public:
 
     /// The view of that name that was loaded last.
     /// @throws std::out_of_range when there is none.
-    std::shared_ptr<Vexora::View> view(const std::string& name) const { return views_.at(name); }
+    std::shared_ptr<View> view(const std::string& name) const { return views_.at(name); }
 
     /// The same as the kind of view that it is; null when it is of another kind.
     template <class Kind>
@@ -148,10 +148,10 @@ public:
 
 private:
     CallLog& calls_;
-    std::map<std::string, std::shared_ptr<Vexora::View>> views_;
+    std::map<std::string, std::shared_ptr<View>> views_;
 };
 
 /// The names of a view's subviews, from the lowest to the topmost.
-Lines namesOfSubviews(const Vexora::View& view);
+Lines namesOfSubviews(const View& view);
 
-} // namespace TestSupport
+} // namespace Vexora::Recording

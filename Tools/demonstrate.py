@@ -7,7 +7,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "Tests" / "Desktop"))
+sys.path.insert(0, str(ROOT / "Tools" / "Driver"))
 
 # pylint: disable=wrong-import-position
 from desktop import Desktop

@@ -16,7 +16,7 @@ from gi.repository import GLib
 DEADLINE = 20.0
 SCREEN = "1024x768x24"
 ACCESSIBILITY_BUS = "/usr/libexec/at-spi-bus-launcher"
-SUPPRESSIONS = Path(__file__).parent.parent / "Support" / "lsan.supp"
+SUPPRESSIONS = Path(__file__).parent / "lsan.supp"
 
 # No services are offered beside those that a test puts there. Any user may connect, because the tests
 # may run as another user than the desktop.

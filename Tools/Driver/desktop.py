@@ -1,22 +1,16 @@
-"""A desktop of its own for one test process: a virtual display with a window manager, a private
-session bus and the bus of the accessibility tree."""
+"""A desktop of its own for one process: a virtual display with a window manager, a private session
+bus and the bus of the accessibility tree."""
 
 import os
-import select
-import shutil
 import subprocess
-import tempfile
 import time
-from contextlib import ExitStack
-from pathlib import Path
 
 import pyatspi
 from gi.repository import GLib
 
-DEADLINE = 20.0
-SCREEN = "1024x768x24"
+from display import DEADLINE, DeadlineError, Display
+
 ACCESSIBILITY_BUS = "/usr/libexec/at-spi-bus-launcher"
-SUPPRESSIONS = Path(__file__).parent / "lsan.supp"
 
 # No services are offered beside those that a test puts there. Any user may connect, because the tests
 # may run as another user than the desktop.
@@ -34,10 +28,6 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
-
-
-class DeadlineError(AssertionError):
-    """Something awaited did not happen in time."""
 
 
 def wait_until(what, condition, deadline=DEADLINE):
@@ -62,61 +52,19 @@ def wait_until(what, condition, deadline=DEADLINE):
         time.sleep(0.02)
 
 
-class Desktop:
-    """The display, window manager and buses; a context manager that leaves nothing running.
+class Desktop(Display):
+    """The display with a window manager and buses; a context manager that leaves nothing running.
 
-    There is one per process, because the accessibility library connects once per process. With a
-    user number, which takes root, the desktop and its programs run as that user.
+    There is one per process, because the accessibility library connects once per process. Without
+    accessible there is no accessibility tree, and programs need not keep one.
 
-    folder is a scratch folder that the desktop's user owns; environment is what programs need to
-    appear on this desktop; process is the number of a process of the desktop.
+    process is the number of a process of the desktop.
     """
 
-    def __init__(self, user=None):
-        self.folder = None
-        self.environment = {}
+    def __init__(self, user=None, accessible=True):
+        super().__init__(user)
         self.process = None
-        self.user = os.geteuid() if user is None else user
-        self._other = self.user != os.geteuid()
-        self._cleanup = ExitStack()
-
-    def __enter__(self):
-        try:
-            self._create_folder()
-            self._start_display()
-            self._start_buses()
-            self._start_window_manager()
-        except BaseException:
-            self._cleanup.close()
-            raise
-        return self
-
-    def __exit__(self, *details):
-        self._cleanup.close()
-
-    def start(self, command, environment=None, output=None, **options):
-        """Starts a program that ends with the desktop, or with this process when it is killed.
-
-        environment replaces the desktop's own; output names the file that takes what the program
-        prints.
-        """
-        identity = [f"--reuid={self.user}", f"--regid={self.user}", "--clear-groups"]
-        with (output or self.folder / "helpers.log").open("ab") as output:
-            process = subprocess.Popen(
-                ["setpriv", *(identity if self._other else []), "--pdeathsig", "KILL", *command],
-                env=self.environment if environment is None else environment,
-                stdin=subprocess.DEVNULL, stdout=output, stderr=output, **options)
-        self._cleanup.callback(end, process)
-        return process
-
-    def new_folder(self):
-        """Makes a new folder in the scratch folder."""
-        return Path(tempfile.mkdtemp(dir=self.folder))
-
-    def give(self, path):
-        """Makes the desktop's user the owner of a file or folder."""
-        if self._other:
-            os.chown(path, self.user, self.user)
+        self._accessible = accessible
 
     def applications(self):
         """The programs in the accessibility tree."""
@@ -133,54 +81,27 @@ class Desktop:
         return subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True,
                               stdout=subprocess.PIPE, text=True).stdout
 
-    def _create_folder(self):
-        self.folder = Path(tempfile.mkdtemp(prefix="vexora-desktop-", dir="/tmp"))
-        self._cleanup.callback(shutil.rmtree, self.folder, ignore_errors=True)
-        self.give(self.folder)
-        for name in ("home", "runtime"):
-            (self.folder / name).mkdir(mode=0o700)
-            self.give(self.folder / name)
-        # A program under the leak sanitizer reads this as whichever user it runs.
-        suppressions = shutil.copy(SUPPRESSIONS, self.folder)
-        os.chmod(suppressions, 0o644)
-        self.environment = {
-            "HOME": str(self.folder / "home"),
-            "LANG": "C.UTF-8",
-            "LSAN_OPTIONS": f"suppressions={suppressions}:print_suppressions=0",
-            "PATH": "/usr/bin:/bin",
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            "QT_QPA_PLATFORM": "xcb",
-            "TMPDIR": str(self.folder),
-            "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
-        }
+    def _open(self):
+        super()._open()
+        self._start_bus()
+        if self._accessible:
+            self._start_accessibility()
+        self._start_window_manager()
 
-    def _start_display(self):
-        reading, writing = os.pipe()
-        with open(reading, "rb") as pipe:
-            try:
-                server = self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", SCREEN,
-                                     "-ac", "-nolisten", "tcp", "-noreset"], pass_fds=[writing])
-            finally:
-                os.close(writing)
-            if not select.select([pipe], [], [], DEADLINE)[0]:
-                raise DeadlineError("the virtual display does not start")
-            number = pipe.readline().decode().strip()
-        if not number:
-            raise RuntimeError(f"the virtual display ended with status {server.wait()}: "
-                               + (self.folder / "helpers.log").read_text(errors="replace"))
-        self.environment["DISPLAY"] = f":{number}"
-
-    def _start_buses(self):
+    def _start_bus(self):
         configuration = self.folder / "bus.conf"
         configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
         self.start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
         address = f"unix:path={self.folder}/bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         wait_until("the session bus", (self.folder / "bus").exists)
+
+    def _start_accessibility(self):
+        self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         self.start([ACCESSIBILITY_BUS, "--launch-immediately"])
         # The accessibility library in this very process reads its environment.
         os.environ["DISPLAY"] = self.environment["DISPLAY"]
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.environment["DBUS_SESSION_BUS_ADDRESS"]
         os.environ["AT_SPI_BUS_ADDRESS"] = wait_until("the accessibility bus", self._address)
 
     def _address(self):
@@ -198,14 +119,3 @@ class Desktop:
             stderr=subprocess.DEVNULL, check=False).returncode == 0)
         # Away from the middle, where it would hover over a button.
         self.xdotool("mousemove", 0, 0)
-
-
-def end(process):
-    """Ends a process that this one started, and waits for it."""
-    if process.poll() is None:
-        process.terminate()
-        try:
-            process.wait(5)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()

@@ -40,9 +40,9 @@ TEST_F(AlbumTest, holdsAPictureOfEveryScene) {
 }
 
 TEST_F(AlbumTest, tellsLanguageSceneControlAndFault) {
-    const QStringList findings = Gallery::saveAlbum(root(), faulty);
-    ASSERT_FALSE(findings.isEmpty());
-    EXPECT_EQ(findings.front(), "de, start, startButton: shows the tag <i>");
+    const QStringList faults = Gallery::saveAlbum(root(), faulty);
+    ASSERT_FALSE(faults.isEmpty());
+    EXPECT_EQ(faults.front(), "de, start, startButton: shows the tag <i>");
 }
 
 TEST_F(AlbumTest, failsWhereNothingCanBeWritten) {

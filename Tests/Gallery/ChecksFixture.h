@@ -35,25 +35,25 @@ protected:
         return put(label, place, name);
     }
 
-    /// What the checks say about the window, "control: text" for each finding.
-    QStringList findings() {
+    /// What the checks say about the window, "control: text" for each fault.
+    QStringList faults() {
         window.show();
         QCoreApplication::sendPostedEvents();
         QStringList lines;
-        for (const Gallery::Finding& finding : Gallery::checkWindow(window)) {
-            lines.append(finding.control + ": " + finding.text);
+        for (const Gallery::Fault& fault : Gallery::checkWindow(window)) {
+            lines.append(fault.control + ": " + fault.text);
         }
         return lines;
     }
 
-    /// Expects exactly one finding, and in it these words.
+    /// Expects exactly one fault, and in it these words.
     void expectOnly(const QString& words) {
-        const QStringList lines = findings();
+        const QStringList lines = faults();
         EXPECT_EQ(lines.size(), 1) << lines.join('\n').toStdString();
         EXPECT_TRUE(lines.join('\n').contains(words)) << lines.join('\n').toStdString();
     }
 
-    void expectNone() { EXPECT_EQ(findings().join('\n').toStdString(), ""); }
+    void expectNone() { EXPECT_EQ(faults().join('\n').toStdString(), ""); }
 
     QWidget window;
 };

@@ -59,7 +59,7 @@ TEST_F(ContrastCheck, looksAtWhatIsReallyInFront) {
     auto& cover = put(new QWidget, {10, 10, 300, 60}, "cover");
     cover.setAutoFillBackground(true);
     cover.setPalette(QColor(255, 255, 255, 200));
-    const QString lines = findings().join('\n');
+    const QString lines = faults().join('\n');
     EXPECT_TRUE(lines.contains("a contrast of 1.")) << lines.toStdString();
 }
 

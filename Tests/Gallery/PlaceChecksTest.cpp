@@ -22,7 +22,7 @@ TEST_F(PlaceChecks, letNeighboursPass) {
 TEST_F(PlaceChecks, findLabelsThatOverlapOnce) {
     putLabel("One", {10, 10, 100, 40}, "one");
     putLabel("Two", {90, 30, 100, 40}, "two");
-    const QStringList lines = findings();
+    const QStringList lines = faults();
     ASSERT_EQ(lines.size(), 1) << lines.join('\n').toStdString();
     EXPECT_TRUE(lines.front().contains("shares 90, 30, 20 x 20 of the window with"));
 }
@@ -42,9 +42,9 @@ TEST_F(PlaceChecks, letHiddenControlsAndAreasPass) {
 
 TEST(WindowSize, isThatOfTheDefinition) {
     EXPECT_TRUE(Gallery::checkSize({640, 580}, {640, 580}).isEmpty());
-    const auto findings = Gallery::checkSize({640, 581}, {640, 580});
-    ASSERT_EQ(findings.size(), 1);
-    EXPECT_EQ(findings.front().text, "is 640 x 581, but its definition says 640 x 580");
+    const auto faults = Gallery::checkSize({640, 581}, {640, 580});
+    ASSERT_EQ(faults.size(), 1);
+    EXPECT_EQ(faults.front().text, "is 640 x 581, but its definition says 640 x 580");
 }
 
 /// The same window laid out in both directions.
@@ -63,17 +63,17 @@ protected:
         return Gallery::placesIn(window, Gallery::textsIn(window));
     }
 
-    static QStringList findings(const Build& build, const Build& leftToRight) {
+    static QStringList faults(const Build& build, const Build& leftToRight) {
         QStringList lines;
         const auto found = Gallery::checkMirrored(places(Qt::RightToLeft, build),
                                                   places(Qt::LeftToRight, leftToRight));
-        for (const Gallery::Finding& finding : found) {
-            lines.append(finding.control + ": " + finding.text);
+        for (const Gallery::Fault& fault : found) {
+            lines.append(fault.control + ": " + fault.text);
         }
         return lines;
     }
 
-    static QStringList findings(const Build& build) { return findings(build, build); }
+    static QStringList faults(const Build& build) { return faults(build, build); }
 
     /// A row with a label at its start, a bar, and a button at its end.
     static void buildRow(QWidget& window) {
@@ -94,11 +94,11 @@ protected:
 };
 
 TEST_F(Mirror, letsALayoutPass) {
-    EXPECT_EQ(findings(buildRow).join('\n').toStdString(), "");
+    EXPECT_EQ(faults(buildRow).join('\n').toStdString(), "");
 }
 
 TEST_F(Mirror, findsAControlThatStays) {
-    const QStringList lines = findings([](QWidget& window) {
+    const QStringList lines = faults([](QWidget& window) {
         auto* button = new QPushButton("Close", &window);
         button->setObjectName("button");
         button->setGeometry(20, 20, 100, 40);
@@ -111,7 +111,7 @@ TEST_F(Mirror, findsAControlThatStays) {
 }
 
 TEST_F(Mirror, findsATextThatStays) {
-    const QStringList lines = findings([](QWidget& window) {
+    const QStringList lines = faults([](QWidget& window) {
         buildRow(window);
         window.findChild<QLabel*>()->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     });
@@ -120,7 +120,7 @@ TEST_F(Mirror, findsATextThatStays) {
 }
 
 TEST_F(Mirror, findsABarThatFillsFromTheSameSide) {
-    const QStringList lines = findings([](QWidget& window) {
+    const QStringList lines = faults([](QWidget& window) {
         buildRow(window);
         window.findChild<QProgressBar*>()->setLayoutDirection(Qt::LeftToRight);
     });
@@ -129,7 +129,7 @@ TEST_F(Mirror, findsABarThatFillsFromTheSameSide) {
 }
 
 TEST_F(Mirror, findsAControlThatIsNotThere) {
-    const QStringList lines = findings(
+    const QStringList lines = faults(
         [](QWidget& window) {
             buildRow(window);
             delete window.findChild<QLabel*>();

@@ -59,7 +59,7 @@ TEST_F(TextChecks, letWholeTextsPass) {
 
 TEST_F(TextChecks, findALabelThatIsTooNarrow) {
     putLabel("A text that does not fit", {10, 10, 60, 30});
-    const QStringList lines = findings();
+    const QStringList lines = faults();
     ASSERT_EQ(lines.size(), 2) << lines.join('\n').toStdString();
     EXPECT_TRUE(lines.at(0).startsWith("label: \"A text that does not fit\" at "));
     EXPECT_TRUE(lines.at(0).contains("leaves the room at 0, 0, 60 x 30"));
@@ -68,7 +68,7 @@ TEST_F(TextChecks, findALabelThatIsTooNarrow) {
 
 TEST_F(TextChecks, findALabelThatIsTooLow) {
     putLabel("One\nTwo\nThree", {10, 10, 100, 30});
-    EXPECT_TRUE(findings().join('\n').contains("leaves the room at 0, 0, 100 x 30"));
+    EXPECT_TRUE(faults().join('\n').contains("leaves the room at 0, 0, 100 x 30"));
 }
 
 TEST_F(TextChecks, findAButtonThatIsTooNarrow) {
@@ -80,7 +80,7 @@ TEST_F(TextChecks, findAButtonThatIsTooNarrow) {
 
 TEST_F(TextChecks, findInkThatAMaskCutsOff) {
     putLabel("A text", {10, 10, 100, 30}).setMask(QRegion(0, 0, 20, 30));
-    const QStringList lines = findings();
+    const QStringList lines = faults();
     EXPECT_TRUE(lines.join('\n').contains("is cut off at 0, 0, 20 x 30"))
         << lines.join('\n').toStdString();
 }
@@ -115,7 +115,7 @@ TEST_F(TextChecks, findATagFromRightToLeft) {
 TEST_F(TextChecks, measureAButtonFromRightToLeftInItsOrder) {
     window.setLayoutDirection(Qt::RightToLeft);
     auto& button = put(new QPushButton("אבג Lumiq"), {10, 10, 200, 40}, "button");
-    findings();
+    faults();
     qreal latin = 0.0;
     qreal hebrew = 0.0;
     for (const Gallery::PaintedPiece& piece : Gallery::textPaintedBy(button).pieces) {
@@ -182,12 +182,12 @@ TEST_F(TextChecks, findLinesThatAreTooClose) {
     expectNone();
     delete &lines;
     put(new TwoLines(height / 2), {10, 10, 100, 80}, "lines").show();
-    EXPECT_TRUE(findings().join('\n').contains("lines: sets its lines"));
+    EXPECT_TRUE(faults().join('\n').contains("lines: sets its lines"));
 }
 
 TEST_F(TextChecks, findATextAreaThatScrollsSideways) {
     putTextArea(QString(200, 'W')).setLineWrapMode(QTextEdit::NoWrap);
-    EXPECT_TRUE(findings().join('\n').contains("area: scrolls sideways"));
+    EXPECT_TRUE(faults().join('\n').contains("area: scrolls sideways"));
 }
 
 TEST_F(TextChecks, findAParagraphInTheWrongDirection) {
@@ -202,7 +202,7 @@ TEST_F(TextChecks, findAParagraphOnTheWrongSide) {
 
 TEST_F(TextChecks, leaveQuotationsInAnotherDirectionAlone) {
     putTextArea("A paragraph\nترخيص\nAnother paragraph");
-    const QString lines = findings().join('\n');
+    const QString lines = faults().join('\n');
     EXPECT_FALSE(lines.contains("paragraph")) << lines.toStdString();
 }
 

@@ -65,7 +65,7 @@ TEST_F(Preview, showsEverySceneWithItsFindings) {
     for (const Gallery::Scene& scene : Gallery::scenes()) {
         const QString name = QString::fromStdString(scene.name);
         EXPECT_FALSE(picture(name).isNull()) << scene.name;
-        EXPECT_EQ(textOf(name + "-findings"), "No findings") << scene.name;
+        EXPECT_EQ(textOf(name + "-faults"), "No faults") << scene.name;
         EXPECT_EQ(textOf(name + "-caption"), QString::fromStdString(scene.title));
     }
 }
@@ -98,9 +98,9 @@ TEST_F(Preview, redrawsWhenTheFileIsReplacedAgainAndAgain) {
 TEST_F(Preview, showsWhatTheChecksFind) {
     save(strings("Sta<i>rt"));
     open();
-    EXPECT_TRUE(textOf("start-findings").contains("startButton: shows the tag <i>"))
-        << textOf("start-findings").toStdString();
-    EXPECT_EQ(textOf("notice-findings"), "No findings");
+    EXPECT_TRUE(textOf("start-faults").contains("startButton: shows the tag <i>"))
+        << textOf("start-faults").toStdString();
+    EXPECT_EQ(textOf("notice-faults"), "No faults");
 }
 
 TEST_F(Preview, waitsForAFileThatIsMissing) {

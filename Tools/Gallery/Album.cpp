@@ -25,15 +25,15 @@ void savePicture(const QImage& picture, const QString& path) {
 }
 
 QJsonObject toJson(const Scene& scene, const Portrait& portrait) {
-    QJsonArray findings;
-    for (const Finding& finding : portrait.findings) {
-        findings.append(QJsonObject{{"control", finding.control}, {"text", finding.text}});
+    QJsonArray faults;
+    for (const Fault& fault : portrait.faults) {
+        faults.append(QJsonObject{{"control", fault.control}, {"text", fault.text}});
     }
     const QSizeF size = portrait.picture.deviceIndependentSize();
     return {{"name", QString::fromStdString(scene.name)},
             {"width", size.width()},
             {"height", size.height()},
-            {"findings", findings}};
+            {"faults", faults}};
 }
 
 } // namespace
@@ -51,8 +51,8 @@ QStringList saveAlbum(const QString& folder, const Language& language) {
         savePicture(portrait.picture, album.filePath(code + '/' + name + ".png"));
         all.append(toJson(scene, portrait));
         title = portrait.title;
-        for (const Finding& finding : portrait.findings) {
-            lines.append(QString("%1, %2, %3: %4").arg(code, name, finding.control, finding.text));
+        for (const Fault& fault : portrait.faults) {
+            lines.append(QString("%1, %2, %3: %4").arg(code, name, fault.control, fault.text));
         }
     }
     const QJsonObject description{{"code", code},

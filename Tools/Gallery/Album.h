@@ -4,7 +4,7 @@
 // FOLDER/SCALEx/CODE/SCENE.png    a picture
 // FOLDER/SCALEx/CODE.json         an object with code, englishName, ownName, rightToLeft, pseudo
 //                                 and title, and an array `scenes` of objects with name, width,
-//                                 height and an array `findings` of objects with control and text
+//                                 height and an array `faults` of objects with control and text
 #pragma once
 
 #include "Languages.h"
@@ -15,7 +15,7 @@
 namespace Gallery {
 
 /// Renders and measures every scene of a language at the scale of the display.
-/// \return the findings, one line each.
+/// \return the faults, one line each.
 /// \throws std::runtime_error when a file cannot be written.
 QStringList saveAlbum(const QString& folder, const Language& language);
 

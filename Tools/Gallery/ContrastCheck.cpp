@@ -105,8 +105,8 @@ double contrast(const QColor& one, const QColor& other) {
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-Findings checkContrast(const PaintedText& painted, const QImage& picture) {
-    Findings findings;
+Faults checkContrast(const PaintedText& painted, const QImage& picture) {
+    Faults faults;
     for (const PaintedPiece& piece : painted.pieces) {
         const Sample sample = sampleOf(painted, piece, picture);
         if (piece.text.trimmed().isEmpty() || sample.inkCount == 0) {
@@ -118,11 +118,11 @@ Findings checkContrast(const PaintedText& painted, const QImage& picture) {
                                                 .arg(least->second)
                                                 .arg(least->first, 0, 'f', 2)
                                           : "nothing that could be told from the ink";
-            findings.append({nameOf(*painted.widget),
-                             QString("\"%1\" is drawn in %2").arg(piece.text, figures)});
+            faults.append({nameOf(*painted.widget),
+                           QString("\"%1\" is drawn in %2").arg(piece.text, figures)});
         }
     }
-    return findings;
+    return faults;
 }
 
 } // namespace Gallery

@@ -1,7 +1,7 @@
 // Whether texts stand out from what is really behind them. Main thread only.
 #pragma once
 
-#include "Finding.h"
+#include "Fault.h"
 #include "PaintedText.h"
 
 #include <QColor>
@@ -19,6 +19,6 @@ double contrast(const QColor& one, const QColor& other);
 /// its ink covers a pixel most, that behind it from the pixels in its rectangle that no ink
 /// touches.
 /// \param picture of the whole window.
-Findings checkContrast(const PaintedText& painted, const QImage& picture);
+Faults checkContrast(const PaintedText& painted, const QImage& picture);
 
 } // namespace Gallery

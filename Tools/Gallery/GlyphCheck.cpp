@@ -106,10 +106,10 @@ struct Lacks {
         words += mixedIn(layout);
     }
 
-    Findings findings(const QString& name) {
+    Faults faults(const QString& name) {
         glyphs.removeDuplicates();
         words.removeDuplicates();
-        Findings all;
+        Faults all;
         if (!glyphs.isEmpty()) {
             all.append({name, "no installed font has " + glyphs.join(", ")});
         }
@@ -122,16 +122,16 @@ struct Lacks {
 
 } // namespace
 
-Findings checkGlyphs(const PaintedText& painted) {
+Faults checkGlyphs(const PaintedText& painted) {
     Lacks lacks;
     forEachLayout(painted, [&lacks](const QTextLayout& layout) { lacks.add(layout); });
-    return lacks.findings(nameOf(*painted.widget));
+    return lacks.faults(nameOf(*painted.widget));
 }
 
-Findings checkGlyphs(const QString& name, const QString& text, const QFont& font) {
+Faults checkGlyphs(const QString& name, const QString& text, const QFont& font) {
     Lacks lacks;
     layOut(text, font, {}, [&lacks](const QTextLayout& layout) { lacks.add(layout); });
-    return lacks.findings(name);
+    return lacks.faults(name);
 }
 
 } // namespace Gallery

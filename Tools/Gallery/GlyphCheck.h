@@ -1,7 +1,7 @@
 // Whether the installed fonts can write everything that is shown. Main thread only.
 #pragma once
 
-#include "Finding.h"
+#include "Fault.h"
 #include "PaintedText.h"
 
 #include <QFont>
@@ -11,9 +11,9 @@ namespace Gallery {
 /// Characters for which shaping, all fallback fonts included, finds no glyph, and words that are
 /// put together from several fonts, across which letters neither join nor stack; of a text area
 /// also those that have to be scrolled to.
-Findings checkGlyphs(const PaintedText& painted);
+Faults checkGlyphs(const PaintedText& painted);
 
 /// The same of a text that no control paints.
-Findings checkGlyphs(const QString& name, const QString& text, const QFont& font);
+Faults checkGlyphs(const QString& name, const QString& text, const QFont& font);
 
 } // namespace Gallery

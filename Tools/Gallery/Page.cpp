@@ -79,7 +79,7 @@ QString findingsOf(const Entry& entry) {
     QString lines;
     for (const auto& [scale, album] : entry.albums) {
         for (const Scene& scene : scenes()) {
-            const auto findings = sceneIn(album, scene)["findings"].toArray();
+            const auto findings = sceneIn(album, scene)["faults"].toArray();
             for (const QJsonValue finding : findings) {
                 lines += findingLine(entry, scene, scale, finding["control"].toString(),
                                      finding["text"].toString());
@@ -111,7 +111,7 @@ QString cell(const Entry& entry, const Scene& scene) {
     const QString name = QString::fromStdString(scene.name);
     QString faults;
     for (const auto& [scale, album] : entry.albums) {
-        const auto findings = sceneIn(album, scene)["findings"].toArray();
+        const auto findings = sceneIn(album, scene)["faults"].toArray();
         for (const QJsonValue finding : findings) {
             faults += QString("<li>%1, %2: %3</li>")
                           .arg(scale, escaped(finding["control"].toString()),

@@ -53,38 +53,38 @@ double difference(const QImage& one, const QImage& other) {
     return static_cast<double>(differing) / (one.width() * one.height());
 }
 
-Findings checkMirrored(const Place& mirrored, const Place& original, int width) {
-    const auto finding = [&](const QString& what, const QRectF& place, const QRectF& origin) {
-        return Finding{mirrored.control, QString("%1 at %2 is no mirror image of %3 in a window of "
-                                                 "width %4")
-                                             .arg(what, words(place), words(origin))
-                                             .arg(width)};
+Faults checkMirrored(const Place& mirrored, const Place& original, int width) {
+    const auto fault = [&](const QString& what, const QRectF& place, const QRectF& origin) {
+        return Fault{mirrored.control, QString("%1 at %2 is no mirror image of %3 in a window of "
+                                               "width %4")
+                                           .arg(what, words(place), words(origin))
+                                           .arg(width)};
     };
-    Findings findings;
+    Faults faults;
     const QRectF rect = mirrored.rect.toRectF();
     const QRectF from = original.rect.toRectF();
     if (!mirrorsSideways(rect, from, width, placeTolerance) || !keepsItsHeight(rect, from)) {
-        findings.append(finding("the control", rect, from));
+        faults.append(fault("the control", rect, from));
     }
     // How tall a text is depends on the sign that a mark has in each direction.
     if (mirrored.text.isNull() != original.text.isNull() ||
         (!mirrored.text.isNull() &&
          !mirrorsSideways(mirrored.text, original.text, width, textTolerance))) {
-        findings.append(finding("the text", mirrored.text, original.text));
+        faults.append(fault("the text", mirrored.text, original.text));
     }
     const double bars = difference(mirrored.bar, original.bar.mirrored(true, false));
     if (!mirrored.bar.isNull() && bars > 0.02) {
-        findings.append({mirrored.control, QString("the bar fills from the wrong side: %1 % of its "
-                                                   "pixels are not mirrored")
-                                               .arg(qRound(bars * 100.0))});
+        faults.append({mirrored.control, QString("the bar fills from the wrong side: %1 % of its "
+                                                 "pixels are not mirrored")
+                                             .arg(qRound(bars * 100.0))});
     }
-    return findings;
+    return faults;
 }
 
 } // namespace
 
-Findings checkApart(QWidget& window, const QList<PaintedText>& texts) {
-    Findings findings;
+Faults checkApart(QWidget& window, const QList<PaintedText>& texts) {
+    Faults faults;
     const auto widgets = window.findChildren<QWidget*>();
     for (const PaintedText& text : texts) {
         for (const QWidget* other : widgets) {
@@ -98,16 +98,16 @@ Findings checkApart(QWidget& window, const QList<PaintedText>& texts) {
             }
             const QRect common = placeOf(*other) & placeOf(*text.widget);
             if (!common.isEmpty()) {
-                findings.append(
+                faults.append(
                     {nameOf(*text.widget), QString("shares %1 of the window with %2")
                                                .arg(words(common.toRectF()), nameOf(*other))});
             }
         }
     }
-    return findings;
+    return faults;
 }
 
-Findings checkSize(const QSize& window, const QSize& defined) {
+Faults checkSize(const QSize& window, const QSize& defined) {
     if (window == defined) {
         return {};
     }
@@ -141,7 +141,7 @@ Places placesIn(QWidget& window, const QList<PaintedText>& texts) {
     return places;
 }
 
-Findings checkMirrored(const Places& rightToLeft, const Places& leftToRight) {
+Faults checkMirrored(const Places& rightToLeft, const Places& leftToRight) {
     if (rightToLeft.windowWidth != leftToRight.windowWidth ||
         rightToLeft.places.size() != leftToRight.places.size()) {
         return {
@@ -152,12 +152,12 @@ Findings checkMirrored(const Places& rightToLeft, const Places& leftToRight) {
                            .arg(leftToRight.places.size())
                            .arg(leftToRight.windowWidth)}};
     }
-    Findings findings;
+    Faults faults;
     for (qsizetype index = 0; index < rightToLeft.places.size(); ++index) {
-        findings += checkMirrored(rightToLeft.places.at(index), leftToRight.places.at(index),
-                                  rightToLeft.windowWidth);
+        faults += checkMirrored(rightToLeft.places.at(index), leftToRight.places.at(index),
+                                rightToLeft.windowWidth);
     }
-    return findings;
+    return faults;
 }
 
 } // namespace Gallery

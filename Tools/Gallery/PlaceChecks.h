@@ -2,7 +2,7 @@
 // left is the mirror image of the one from left to right. Main thread only.
 #pragma once
 
-#include "Finding.h"
+#include "Fault.h"
 #include "PaintedText.h"
 
 #include <QImage>
@@ -14,10 +14,10 @@ namespace Gallery {
 
 /// Controls that share pixels of the window with a text.
 /// \param texts all that are painted in the window.
-Findings checkApart(QWidget& window, const QList<PaintedText>& texts);
+Faults checkApart(QWidget& window, const QList<PaintedText>& texts);
 
 /// A window that its content has made larger than its definition says.
-Findings checkSize(const QSize& window, const QSize& defined);
+Faults checkSize(const QSize& window, const QSize& defined);
 
 /// Where a control is in its window.
 struct Place {
@@ -39,6 +39,6 @@ struct Places {
 Places placesIn(QWidget& window, const QList<PaintedText>& texts);
 
 /// What is not where the mirror shows it. Both have the same texts in the same state.
-Findings checkMirrored(const Places& rightToLeft, const Places& leftToRight);
+Faults checkMirrored(const Places& rightToLeft, const Places& leftToRight);
 
 } // namespace Gallery

@@ -2,30 +2,30 @@
 
 #include "ContrastCheck.h"
 #include "GlyphCheck.h"
+#include "InstallerWindow.h"
 #include "PaintedText.h"
 #include "PlaceChecks.h"
-#include "Stage.h"
 #include "TextChecks.h"
 
 namespace Gallery {
 namespace {
 
-Findings check(QWidget& window, const QList<PaintedText>& texts, const QImage& picture) {
-    Findings findings = checkTitle(window);
+Faults check(QWidget& window, const QList<PaintedText>& texts, const QImage& picture) {
+    Faults faults = checkTitle(window);
     for (const PaintedText& text : texts) {
         const QString name = nameOf(*text.widget);
-        findings += checkInside(text);
-        findings += checkWhole(text);
-        findings += checkBlank(text);
-        findings += checkTags(name, readTextOf(text));
-        findings += checkLetters(name, textHeldBy(*text.widget), window.layoutDirection());
-        findings += checkWords(text);
-        findings += checkLines(text);
-        findings += checkParagraphs(text);
-        findings += checkGlyphs(text);
-        findings += checkContrast(text, picture);
+        faults += checkInside(text);
+        faults += checkWhole(text);
+        faults += checkBlank(text);
+        faults += checkTags(name, readTextOf(text));
+        faults += checkLetters(name, textHeldBy(*text.widget), window.layoutDirection());
+        faults += checkWords(text);
+        faults += checkLines(text);
+        faults += checkParagraphs(text);
+        faults += checkGlyphs(text);
+        faults += checkContrast(text, picture);
     }
-    return findings + checkApart(window, texts);
+    return faults + checkApart(window, texts);
 }
 
 QImage pictureOf(QWidget& window) {
@@ -33,9 +33,9 @@ QImage pictureOf(QWidget& window) {
 }
 
 Places mirrorOf(const Language& language, const Scene& scene) {
-    Stage stage(language.leftToRight());
-    stage.enter(scene);
-    return placesIn(stage.window(), textsIn(stage.window()));
+    InstallerWindow installer(language.leftToRight());
+    installer.enter(scene);
+    return placesIn(installer.window(), textsIn(installer.window()));
 }
 
 } // namespace
@@ -45,22 +45,22 @@ Portrait portray(const Language& language, const Scene& scene) {
     Places places;
     {
         // Only one window at a time: all of them follow the direction of the application.
-        Stage stage(language);
-        stage.enter(scene);
-        const QList<PaintedText> texts = textsIn(stage.window());
-        portrait.picture = pictureOf(stage.window());
-        portrait.title = stage.window().windowTitle();
-        portrait.findings = check(stage.window(), texts, portrait.picture);
-        portrait.findings += checkSize(stage.window().size(), stage.definedSize());
-        places = placesIn(stage.window(), texts);
+        InstallerWindow installer(language);
+        installer.enter(scene);
+        const QList<PaintedText> texts = textsIn(installer.window());
+        portrait.picture = pictureOf(installer.window());
+        portrait.title = installer.window().windowTitle();
+        portrait.faults = check(installer.window(), texts, portrait.picture);
+        portrait.faults += checkSize(installer.window().size(), installer.definedSize());
+        places = placesIn(installer.window(), texts);
     }
     if (language.isRightToLeft()) {
-        portrait.findings += checkMirrored(places, mirrorOf(language, scene));
+        portrait.faults += checkMirrored(places, mirrorOf(language, scene));
     }
     return portrait;
 }
 
-Findings checkWindow(QWidget& window) {
+Faults checkWindow(QWidget& window) {
     return check(window, textsIn(window), pictureOf(window));
 }
 

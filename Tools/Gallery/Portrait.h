@@ -1,7 +1,7 @@
 // One scene in one language: its picture, and what the checks find in it. Main thread only.
 #pragma once
 
-#include "Finding.h"
+#include "Fault.h"
 #include "Languages.h"
 #include "Scenes.h"
 
@@ -14,13 +14,13 @@ struct Portrait {
     QImage picture;
     /// The window's title.
     QString title;
-    Findings findings;
+    Faults faults;
 };
 
 /// Brings the installer into the scene and measures what it shows.
 Portrait portray(const Language& language, const Scene& scene);
 
-/// The findings of all checks that look at one window alone.
-Findings checkWindow(QWidget& window);
+/// The faults of all checks that look at one window alone.
+Faults checkWindow(QWidget& window);
 
 } // namespace Gallery

@@ -29,11 +29,11 @@ int main(int argc, char** argv) {
     const Vexora::Backend backend(argv);
     Gallery::useTypefaceOfPictures();
     try {
-        const QStringList findings = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), language);
-        for (const QString& finding : findings) {
-            std::puts(qPrintable(finding));
+        const QStringList faults = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), language);
+        for (const QString& fault : faults) {
+            std::puts(qPrintable(fault));
         }
-        return findings.isEmpty() ? 0 : 1;
+        return faults.isEmpty() ? 0 : 1;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "RenderGallery: %s\n", error.what());
         return 2;

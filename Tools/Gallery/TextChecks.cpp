@@ -71,14 +71,14 @@ bool startsOnItsSide(const QTextBlock& block, const QTextLine& line) {
 
 } // namespace
 
-Findings checkInside(const PaintedText& painted) {
-    Findings findings;
+Faults checkInside(const PaintedText& painted) {
+    Faults faults;
     const QWidget& widget = *painted.widget;
     const bool scrolls = textAreaOf(widget) != nullptr;
     for (const PaintedPiece& piece : painted.pieces) {
         const bool blank = piece.text.trimmed().isEmpty();
         if (!blank && !contains(roomIn(widget), piece.rect, scrolls)) {
-            findings.append(
+            faults.append(
                 {nameOf(widget), QString("\"%1\" at %2 leaves the room at %3")
                                      .arg(piece.text, words(piece.rect), words(roomIn(widget)))});
         }
@@ -86,13 +86,13 @@ Findings checkInside(const PaintedText& painted) {
     const QRectF shown = shownRegionOf(widget).boundingRect();
     const QRectF ink = painted.inkRect();
     if (!ink.isEmpty() && !contains(shown, ink, scrolls)) {
-        findings.append(
+        faults.append(
             {nameOf(widget), QString("ink at %1 is cut off at %2").arg(words(ink), words(shown))});
     }
-    return findings;
+    return faults;
 }
 
-Findings checkWhole(const PaintedText& painted) {
+Faults checkWhole(const PaintedText& painted) {
     const QString held = textHeldBy(*painted.widget);
     if (held.isEmpty() || sorted(held) == sorted(painted.characters())) {
         return {};
@@ -101,7 +101,7 @@ Findings checkWhole(const PaintedText& painted) {
              QString("holds \"%1\", but paints \"%2\"").arg(held, painted.characters())}};
 }
 
-Findings checkTags(const QString& control, const QString& text) {
+Faults checkTags(const QString& control, const QString& text) {
     static const QRegularExpression tag("</?[A-Za-z][^<>]*>?|&[a-z]+;");
     QStringList found;
     for (auto matches = tag.globalMatch(text); matches.hasNext();) {
@@ -113,7 +113,7 @@ Findings checkTags(const QString& control, const QString& text) {
     return {{control, QString("shows the tag %1").arg(found.join(", "))}};
 }
 
-Findings checkWords(const PaintedText& painted) {
+Faults checkWords(const PaintedText& painted) {
     const auto* label = qobject_cast<const Vexora::TextLabel*>(painted.widget);
     if (label == nullptr) {
         return {};
@@ -133,14 +133,14 @@ Findings checkWords(const PaintedText& painted) {
                                  .arg(label->text())}};
 }
 
-Findings checkBlank(const PaintedText& painted) {
+Faults checkBlank(const PaintedText& painted) {
     if (textHeldBy(*painted.widget).isEmpty() || !painted.inkRect().isEmpty()) {
         return {};
     }
     return {{nameOf(*painted.widget), "shows nothing of its text"}};
 }
 
-Findings checkLetters(const QString& control, const QString& text, Qt::LayoutDirection direction) {
+Faults checkLetters(const QString& control, const QString& text, Qt::LayoutDirection direction) {
     const auto isRightToLeft = [](QChar character) {
         return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
     };
@@ -158,20 +158,20 @@ Findings checkLetters(const QString& control, const QString& text, Qt::LayoutDir
     return {};
 }
 
-Findings checkTitle(const QWidget& window) {
+Faults checkTitle(const QWidget& window) {
     const QString title = window.windowTitle();
     const QString name = "window";
     QPainterPath ink;
     ink.addText(0.0, 0.0, window.font(), title);
-    Findings findings;
+    Faults faults;
     if (ink.boundingRect().isEmpty()) {
-        findings.append({name, "has a title of which nothing can be seen"});
+        faults.append({name, "has a title of which nothing can be seen"});
     }
-    return findings + checkTags(name, title) + checkGlyphs(name, title, window.font()) +
+    return faults + checkTags(name, title) + checkGlyphs(name, title, window.font()) +
            checkLetters(name, title, window.layoutDirection());
 }
 
-Findings checkLines(const PaintedText& painted) {
+Faults checkLines(const PaintedText& painted) {
     QList<qreal> baselines;
     for (const PaintedPiece& piece : painted.pieces) {
         baselines.append(piece.baseline);
@@ -190,36 +190,36 @@ Findings checkLines(const PaintedText& painted) {
     return {};
 }
 
-Findings checkParagraphs(const PaintedText& painted) {
+Faults checkParagraphs(const PaintedText& painted) {
     const QTextEdit* area = textAreaOf(*painted.widget);
     if (area == nullptr) {
         return {};
     }
-    Findings findings;
+    Faults faults;
     const QString name = nameOf(*area);
     const qreal width = area->document()->size().width();
     if (area->horizontalScrollBar()->maximum() > 0 || width > area->viewport()->width()) {
-        findings.append({name, QString("scrolls sideways: %1 wide, but there is room for %2")
-                                   .arg(width)
-                                   .arg(area->viewport()->width())});
+        faults.append({name, QString("scrolls sideways: %1 wide, but there is room for %2")
+                                 .arg(width)
+                                 .arg(area->viewport()->width())});
     }
     const auto direction = prevailingDirection(area->toPlainText());
     for (QTextBlock block = area->document()->begin(); block.isValid(); block = block.next()) {
         // What is in another language than the whole may follow either.
         if (prevailingDirection(block.text()) == direction && block.textDirection() != direction) {
-            findings.append({name, QString("sets a paragraph in the wrong direction: \"%1\"")
-                                       .arg(block.text().left(40))});
+            faults.append({name, QString("sets a paragraph in the wrong direction: \"%1\"")
+                                     .arg(block.text().left(40))});
         }
         for (int line = 0; line < block.layout()->lineCount(); ++line) {
             if (!startsOnItsSide(block, block.layout()->lineAt(line))) {
-                findings.append({name, QString("begins line %1 of a paragraph on the wrong side: "
-                                               "\"%2\"")
-                                           .arg(line + 1)
-                                           .arg(block.text().left(40))});
+                faults.append({name, QString("begins line %1 of a paragraph on the wrong side: "
+                                             "\"%2\"")
+                                         .arg(line + 1)
+                                         .arg(block.text().left(40))});
             }
         }
     }
-    return findings;
+    return faults;
 }
 
 } // namespace Gallery

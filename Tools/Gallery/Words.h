@@ -1,4 +1,4 @@
-// How findings write places, and what they ask about texts. Any thread.
+// How faults write places, and what they ask about texts. Any thread.
 #pragma once
 
 #include <QRectF>

@@ -50,12 +50,12 @@ void warn(QLabel& label, bool warns) {
     label.setPalette(palette);
 }
 
-QString linesOf(const Findings& findings) {
+QString linesOf(const Faults& faults) {
     QStringList lines;
-    for (const Finding& finding : findings) {
-        lines.append(QString("• %1: %2").arg(finding.control, finding.text));
+    for (const Fault& fault : faults) {
+        lines.append(QString("• %1: %2").arg(fault.control, fault.text));
     }
-    return lines.isEmpty() ? "No findings" : lines.join('\n');
+    return lines.isEmpty() ? "No faults" : lines.join('\n');
 }
 
 } // namespace
@@ -94,11 +94,11 @@ void PreviewWindow::build() {
         font.setBold(true);
         caption->setFont(font);
         caption->setText(title);
-        const Place place{makeLabel(name), makeLabel(name + "-findings")};
+        const Place place{makeLabel(name), makeLabel(name + "-faults")};
         place.picture->setAccessibleName(title);
         cell->addWidget(caption);
         cell->addWidget(place.picture);
-        cell->addWidget(place.findings);
+        cell->addWidget(place.faults);
         cell->addStretch();
         const int index = static_cast<int>(places_.size());
         grid->addLayout(cell, index / columns, index % columns);
@@ -137,8 +137,8 @@ void PreviewWindow::draw() {
         const Scene& scene = scenes().at(static_cast<std::size_t>(index));
         const Portrait portrait = portray(draft_.language(), scene);
         places_[index].picture->setPixmap(fitted(portrait.picture));
-        places_[index].findings->setText(linesOf(portrait.findings));
-        warn(*places_[index].findings, !portrait.findings.isEmpty());
+        places_[index].faults->setText(linesOf(portrait.faults));
+        warn(*places_[index].faults, !portrait.faults.isEmpty());
     }
     ++drawings_;
 }

@@ -24,10 +24,10 @@ public:
     int drawings() const { return drawings_; }
 
 private:
-    /// A scene on the window; the object names are the scene's name, and that with "-findings".
+    /// A scene on the window; the object names are the scene's name, and that with "-faults".
     struct Place {
         QLabel* picture;
-        QLabel* findings;
+        QLabel* faults;
     };
 
     void build();

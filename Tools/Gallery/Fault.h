@@ -6,13 +6,13 @@
 
 namespace Gallery {
 
-struct Finding {
+struct Fault {
     /// The control, by its name in the interface definition.
     QString control;
     /// What is wrong with it, with figures.
     QString text;
 };
 
-using Findings = QList<Finding>;
+using Faults = QList<Fault>;
 
 } // namespace Gallery

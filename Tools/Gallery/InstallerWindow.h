@@ -17,9 +17,9 @@
 namespace Gallery {
 
 /// The backend's application, told which language lays the window out.
-class StageApplication : public Vexora::QtApplication {
+class GalleryApplication : public Vexora::QtApplication {
 public:
-    explicit StageApplication(std::string layoutLanguage)
+    explicit GalleryApplication(std::string layoutLanguage)
         : layoutLanguage_(std::move(layoutLanguage)) {}
 
     void setLanguage(const std::string&) override { QtApplication::setLanguage(layoutLanguage_); }
@@ -29,13 +29,13 @@ private:
     std::string layoutLanguage_;
 };
 
-class Stage {
+class InstallerWindow {
 public:
     /// Opens the window on its start screen.
-    explicit Stage(const Language& language);
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
-    ~Stage();
+    explicit InstallerWindow(const Language& language);
+    InstallerWindow(const InstallerWindow&) = delete;
+    InstallerWindow& operator=(const InstallerWindow&) = delete;
+    ~InstallerWindow();
 
     /// Brings the window from its start screen into the state that the scene shows. Once.
     void enter(const Scene& scene);
@@ -51,7 +51,7 @@ private:
     TestSupport::TemporaryFolder home_;
     Vexora::Recording::CallLog calls_;
     Vexora::Recording::VirtualTime time_;
-    StageApplication application_;
+    GalleryApplication application_;
     Vexora::Recording::RecordingEnvironment environment_;
     /// Tells the loader where the pictures are, whoever supplies the texts.
     Vexora::Recording::RecordingEnvironment pictures_;

@@ -1,4 +1,4 @@
-#include "Stage.h"
+#include "InstallerWindow.h"
 
 #include "Platform/Qt/TextLabel.h"
 #include "Platform/Qt/Views.h"
@@ -30,7 +30,7 @@ Kind& find(const QWidget& window, const char* name) {
 
 } // namespace
 
-Stage::Stage(const Language& language) : application_(language.layoutCode) {
+InstallerWindow::InstallerWindow(const Language& language) : application_(language.layoutCode) {
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     environment_.home = home_.path().string();
     environment_.resources = language.resources;
@@ -48,12 +48,12 @@ Stage::Stage(const Language& language) : application_(language.layoutCode) {
     settle();
 }
 
-Stage::~Stage() {
+InstallerWindow::~InstallerWindow() {
     window().hide();
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-void Stage::enter(const Scene& scene) {
+void InstallerWindow::enter(const Scene& scene) {
     switch (scene.reached) {
     case Reached::AtOnce:
         break;
@@ -73,11 +73,11 @@ void Stage::enter(const Scene& scene) {
     settle();
 }
 
-void Stage::install() {
+void InstallerWindow::install() {
     find<QPushButton>(window(), "startButton").click();
 }
 
-void Stage::endInstall(int status) {
+void InstallerWindow::endInstall(int status) {
     processes_.scripts = {{.polls = 0, .status = status}};
     backgroundQueue_.runNext();
     // More than the ticks need to carry the bar to its end.

@@ -144,29 +144,46 @@ private:
     CallLog& calls_;
 };
 
-/// All parts together. The order of the members is the order of their construction.
-struct RecordingPlatform {
-    RecordingPlatform() = default;
-    RecordingPlatform(const RecordingPlatform&) = delete;
-    RecordingPlatform& operator=(const RecordingPlatform&) = delete;
+/// Substitutes for all that would leave the process. What shows something is missing: a front end
+/// brings its own. The order of the members is the order of their construction.
+struct Substitutes {
+    Substitutes() = default;
+    Substitutes(const Substitutes&) = delete;
+    Substitutes& operator=(const Substitutes&) = delete;
 
     CallLog calls;
     VirtualTime time;
-    RecordingApplication application{calls, time};
-    RecordingInterfaces interfaces{calls};
-    ManualMainQueue mainQueue{calls, time};
     ManualBackgroundQueue backgroundQueue{calls};
     ManualClock clock{calls, time};
-    MemoryFiles files{calls};
     ScriptedLauncher processes{calls};
     RecordingEnvironment environment;
     RecordingAdministratorScript administratorScript{calls, time};
     RecordingWorkspace workspace{calls};
     RecordingSystemLog systemLog{calls};
 
+    /// What the application gets to see of these and of the parts that a front end brings.
+    Platform around(Application& application, InterfaceLoader& interfaces, MainQueue& mainQueue,
+                    FileSystem& files) {
+        return {application, interfaces,  mainQueue,           backgroundQueue, clock,    files,
+                processes,   environment, administratorScript, workspace,       systemLog};
+    }
+
+    /// Lets the installation that waits in the background run to its end with that status.
+    void endInstall(int status) {
+        processes.scripts = {{.polls = 0, .status = status}};
+        backgroundQueue.runNext();
+    }
+};
+
+/// All parts together.
+struct RecordingPlatform : Substitutes {
+    RecordingApplication application{calls, time};
+    RecordingInterfaces interfaces{calls};
+    ManualMainQueue mainQueue{calls, time};
+    MemoryFiles files{calls};
+
     /// What the application gets to see.
-    Platform seam{application, interfaces,  mainQueue,           backgroundQueue, clock,    files,
-                  processes,   environment, administratorScript, workspace,       systemLog};
+    Platform seam = around(application, interfaces, mainQueue, files);
 };
 
 } // namespace Vexora::Recording

@@ -19,9 +19,9 @@ protected:
     }
 
     /// What is found after the German licence got these bytes.
-    Lines findingsInLicense(const std::string& bytes) {
+    Lines faultsInLicense(const std::string& bytes) {
         folder_.write("all/LA_de", bytes);
-        return findings({"all"});
+        return faults({"all"});
     }
 
     const std::string text_ = {"\xFF\xFEO\0k\0", 6};

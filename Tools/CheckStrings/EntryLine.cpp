@@ -77,24 +77,24 @@ std::optional<std::size_t> findClosingQuote(std::string_view rest) {
 void readKey(std::string_view head, EntryLine& entry) {
     const std::size_t quote = head.find('"');
     if (quote == none && !head.empty()) {
-        entry.faults.push_back(Rule::MissingQuote);
+        entry.broken.push_back(Rule::MissingQuote);
     } else if (quote != none && quote > 0) {
-        entry.faults.push_back(Rule::Indentation);
+        entry.broken.push_back(Rule::Indentation);
     }
     entry.key = head.substr(quote == none ? 0 : quote + 1);
 }
 
 void readValue(std::string_view rest, EntryLine& entry) {
     if (const std::size_t second = rest.find(separator); second != none) {
-        entry.faults.push_back(Rule::RepeatedSeparator);
+        entry.broken.push_back(Rule::RepeatedSeparator);
         entry.value = rest.substr(0, second);
         return;
     }
     const auto quote = findClosingQuote(rest);
     if (!quote) {
-        entry.faults.push_back(Rule::MissingQuote);
+        entry.broken.push_back(Rule::MissingQuote);
     } else if (*quote + 1 < rest.size()) {
-        entry.faults.push_back(Rule::TrailingText);
+        entry.broken.push_back(Rule::TrailingText);
     }
     entry.value = rest.substr(0, quote.value_or(rest.size()));
 }
@@ -109,12 +109,12 @@ std::optional<EntryLine> readEntryLine(std::string_view line) {
     }
     EntryLine entry;
     if (!exact) {
-        entry.faults.push_back(Rule::Spacing);
+        entry.broken.push_back(Rule::Spacing);
     }
     readKey(line.substr(0, middle->start), entry);
     readValue(line.substr(middle->end), entry);
     if (entry.key.empty() || entry.value.empty()) {
-        entry.faults.push_back(Rule::EmptyText);
+        entry.broken.push_back(Rule::EmptyText);
     }
     return entry;
 }

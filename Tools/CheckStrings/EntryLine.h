@@ -18,7 +18,7 @@ struct EntryLine {
     std::string_view key;
     std::string_view value;
     /// The rules that the line breaks; without any, it is exactly `"key" = "value"`.
-    std::vector<Rule> faults;
+    std::vector<Rule> broken;
 };
 
 /// Quotes inside a text count as pairs, so that a closing quote can be told from one inside.

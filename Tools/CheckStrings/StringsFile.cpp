@@ -79,8 +79,8 @@ void LineReader::readCommented(std::string_view line) {
     }
 }
 
-std::string_view wordingOf(Rule fault) {
-    switch (fault) {
+std::string_view wordingOf(Rule rule) {
+    switch (rule) {
     case Rule::Indentation:
         return "nothing may stand before the opening quote, not even a blank";
     case Rule::MissingQuote:
@@ -103,12 +103,12 @@ void LineReader::readEntry(std::string_view line) {
                     "neither \"key\" = \"text\" nor a comment; the program drops the line");
         return;
     }
-    for (const Rule fault : entry->faults) {
-        report_.add(number_, fault, std::string(wordingOf(fault)));
+    for (const Rule rule : entry->broken) {
+        report_.add(number_, rule, std::string(wordingOf(rule)));
     }
     if (!entry->key.empty()) {
         strings_.entries.push_back(
-            {number_, std::string(entry->key), std::string(entry->value), entry->faults.empty()});
+            {number_, std::string(entry->key), std::string(entry->value), entry->broken.empty()});
     }
 }
 

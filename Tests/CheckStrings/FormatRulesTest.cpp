@@ -1,4 +1,4 @@
-#include "TextCases.h"
+#include "CheckStringsFixture.h"
 
 using FormatRulesTest = LineCaseTest;
 using FormatTest = CheckStringsFixture;

@@ -36,7 +36,7 @@ CheckStringsFixture::run(const std::vector<std::string>& arguments) const {
 }
 
 CheckStringsFixture::Lines
-CheckStringsFixture::faults(const std::vector<std::string>& arguments) const {
+CheckStringsFixture::findings(const std::vector<std::string>& arguments) const {
     const Result result = run(arguments);
     Lines lines;
     std::istringstream stream(result.output);
@@ -49,12 +49,13 @@ CheckStringsFixture::faults(const std::vector<std::string>& arguments) const {
 }
 
 CheckStringsFixture::Lines
-CheckStringsFixture::faultsIn(std::string_view bytes, const std::vector<std::string>& keys) const {
+CheckStringsFixture::findingsIn(std::string_view bytes,
+                                const std::vector<std::string>& keys) const {
     folder_.write("reference.strings", stringsOf(keys));
     folder_.write("text.strings", bytes);
     const std::string start = "text.strings:";
     Lines shortened;
-    for (const std::string& line : faults({"--reference", "reference.strings", "text.strings"})) {
+    for (const std::string& line : findings({"--reference", "reference.strings", "text.strings"})) {
         EXPECT_TRUE(line.starts_with(start)) << line;
         const std::size_t ruleEnd = line.find(": ", line.find(": ") + 1);
         EXPECT_LT(ruleEnd + 2, line.size()) << "no text: " << line;
@@ -77,5 +78,5 @@ void LineCaseTest::check() const {
     if (!line.rule.empty()) {
         expected.push_back("2: " + line.rule);
     }
-    EXPECT_EQ(faultsIn("// a comment\n" + line.line + "\n", {line.key}), expected) << line.line;
+    EXPECT_EQ(findingsIn("// a comment\n" + line.line + "\n", {line.key}), expected) << line.line;
 }

@@ -28,12 +28,12 @@ protected:
     int statusOf(const std::vector<std::string>& arguments, const std::string& output) const;
 
     /// Runs the program, which must say nothing on standard error and whose status must fit.
-    /// @return the faults, a line of output each.
-    Lines faults(const std::vector<std::string>& arguments) const;
+    /// @return the findings, a line of output each.
+    Lines findings(const std::vector<std::string>& arguments) const;
 
     /// Checks these bytes as a strings file, against a reference with these keys.
-    /// @return each fault as "line: rule", after a look at the file's name.
-    Lines faultsIn(std::string_view bytes, const std::vector<std::string>& keys) const;
+    /// @return each finding as "line: rule", after a look at the file's name.
+    Lines findingsIn(std::string_view bytes, const std::vector<std::string>& keys) const;
 
     /// A strings file with each key as its own text.
     static std::string stringsOf(const std::vector<std::string>& keys);

@@ -98,7 +98,7 @@ TEST_F(CommandLineTest, controlCharactersAreNeverPrintedAsTheyAre) {
     folder_.write("a\nb\x1B[1m",
                   "\"Start\" = \"a\\n\x1B[2m\xC2\x9B\x7Fé\"\"\n\"\xFF\" = \"Los\"\n");
     const std::string name = R"(a\x0Ab\x1B[1m)";
-    EXPECT_EQ(faults({"--reference", "reference", "a\nb\x1B[1m"}),
+    EXPECT_EQ(findings({"--reference", "reference", "a\nb\x1B[1m"}),
               (Lines{name + R"(:1: misread: the program reads: a\x0A\x1B[2m\xC2\x9B\x7Fé)",
                      name + ":2: invalid-utf-8: the line is not valid UTF-8",
                      name + R"(:2: unknown-key: not a key of the reference: \xFF)"}));
@@ -120,7 +120,7 @@ TEST_F(CommandLineTest, pathsAreTakenAsTheyAreGiven) {
     folder_.write("with blank/reference", stringsOf({"Start"}));
     folder_.write("with blank/text", "x\n\"Start\" = \"Los\"\n");
     const std::string text = (folder_.path() / "with blank/text").string();
-    const Lines lines = faults({"--reference", "with blank/reference", text});
+    const Lines lines = findings({"--reference", "with blank/reference", text});
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_TRUE(lines.front().starts_with(text + ":1: not-an-entry: ")) << lines.front();
 }

@@ -70,8 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FormatTest, everyLengthBelongsToItsConversion) {
     for (const std::string length : {"h", "hh", "l", "ll", "q", "L", "j", "z", "t"}) {
         const std::string key = "%" + length + "d files";
-        EXPECT_EQ(faultsIn(stringsOf({key}), {key}), Lines{}) << length;
-        EXPECT_EQ(faultsIn("\"" + key + "\" = \"%d Dateien\"\n", {key}), Lines{"1: conversions"})
+        EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{}) << length;
+        EXPECT_EQ(findingsIn("\"" + key + "\" = \"%d Dateien\"\n", {key}), Lines{"1: conversions"})
             << length;
     }
 }
@@ -79,15 +79,15 @@ TEST_F(FormatTest, everyLengthBelongsToItsConversion) {
 TEST_F(FormatTest, everyLetterOfPrintfMakesAConversion) {
     for (const char letter : std::string("diouxXeEfFgGaAcCsSpnm")) {
         const std::string text = std::string("%") + letter;
-        EXPECT_EQ(faultsIn(stringsOf({text}), {text}), Lines{}) << letter;
-        EXPECT_EQ(faultsIn("\"Start\" = \"" + text + "\"\n", {"Start"}), Lines{"1: conversions"})
+        EXPECT_EQ(findingsIn(stringsOf({text}), {text}), Lines{}) << letter;
+        EXPECT_EQ(findingsIn("\"Start\" = \"" + text + "\"\n", {"Start"}), Lines{"1: conversions"})
             << letter;
     }
 }
 
 TEST_F(FormatTest, positionMayBeFollowedByFlagsAndWidths) {
     for (const std::string layout : {"*2$", ".3", "-5", "+", " ", "#", "'", "05"}) {
-        EXPECT_EQ(faultsIn("\"Start\" = \"%1$" + layout + "d\"\n", {"Start"}),
+        EXPECT_EQ(findingsIn("\"Start\" = \"%1$" + layout + "d\"\n", {"Start"}),
                   Lines{"1: conversions"})
             << layout;
     }
@@ -99,17 +99,17 @@ TEST_F(FormatTest, manyConversionsAreReadInOneGo) {
     for (int count = 0; count < 200'000; ++count) {
         key += "%d";
     }
-    EXPECT_EQ(faultsIn(stringsOf({key}), {key}), Lines{});
+    EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{});
 }
 
 TEST_F(FormatTest, additionalConversionIsMetWithTheWayToWriteAPercentSign) {
     folder_.write("reference", stringsOf({"Start"}));
     folder_.write("text", "\"Start\" = \"100 % des Ganzen\"\n");
-    EXPECT_EQ(faults({"--reference", "reference", "text"}),
+    EXPECT_EQ(findings({"--reference", "reference", "text"}),
               Lines{"text:1: conversions: conversions of the key: none; of the text: %d; "
                     "write %% for a percent sign"});
     folder_.write("text", "\"Start %d\" = \"Los\"\n");
     folder_.write("reference", stringsOf({"Start %d"}));
-    EXPECT_EQ(faults({"--reference", "reference", "text"}),
+    EXPECT_EQ(findings({"--reference", "reference", "text"}),
               Lines{"text:1: conversions: conversions of the key: %d; of the text: none"});
 }

@@ -3,81 +3,82 @@
 using KeyRulesTest = CheckStringsFixture;
 
 TEST_F(KeyRulesTest, missingKeyIsFoundForTheFileAsAWhole) {
-    EXPECT_EQ(faultsIn(stringsOf({"Start"}), {"Start", "Close"}), Lines{"0: missing-key"});
-    EXPECT_EQ(faultsIn("", {"Start", "Close"}), (Lines{"0: missing-key", "0: missing-key"}));
+    EXPECT_EQ(findingsIn(stringsOf({"Start"}), {"Start", "Close"}), Lines{"0: missing-key"});
+    EXPECT_EQ(findingsIn("", {"Start", "Close"}), (Lines{"0: missing-key", "0: missing-key"}));
 }
 
 TEST_F(KeyRulesTest, missingKeyIsNamed) {
     folder_.write("reference", stringsOf({"Start", "Close"}));
     folder_.write("text", stringsOf({"Start"}));
-    EXPECT_EQ(faults({"--reference", "reference", "text"}), Lines{"text:0: missing-key: Close"});
+    EXPECT_EQ(findings({"--reference", "reference", "text"}), Lines{"text:0: missing-key: Close"});
 }
 
 TEST_F(KeyRulesTest, unknownKeyIsFound) {
-    EXPECT_EQ(faultsIn(stringsOf({"Start", "start", "Start "}), {"Start"}),
+    EXPECT_EQ(findingsIn(stringsOf({"Start", "start", "Start "}), {"Start"}),
               (Lines{"2: unknown-key", "3: unknown-key"}));
 }
 
 TEST_F(KeyRulesTest, repeatedUnknownKeyIsCalledUnknownOnce) {
-    EXPECT_EQ(faultsIn(stringsOf({"Start", "Stop", "Stop"}), {"Start"}),
+    EXPECT_EQ(findingsIn(stringsOf({"Start", "Stop", "Stop"}), {"Start"}),
               (Lines{"2: unknown-key", "3: duplicate-key"}));
 }
 
 TEST_F(KeyRulesTest, duplicateKeyIsFoundOnEveryLaterLine) {
-    EXPECT_EQ(faultsIn("\"Go\" = \"a\"\n\"Start\" = \"a\"\n\"Go\" = \"b\"\n\"Go\" = \"a\"\n",
-                       {"Go", "Start"}),
+    EXPECT_EQ(findingsIn("\"Go\" = \"a\"\n\"Start\" = \"a\"\n\"Go\" = \"b\"\n\"Go\" = \"a\"\n",
+                         {"Go", "Start"}),
               (Lines{"3: duplicate-key", "4: duplicate-key"}));
 }
 
 TEST_F(KeyRulesTest, faultyLineStillCountsAsItsKeys) {
-    EXPECT_EQ(faultsIn("\"Start\"=\"a\"\n\"Start\" = \"b\"\n", {"Start"}),
+    EXPECT_EQ(findingsIn("\"Start\"=\"a\"\n\"Start\" = \"b\"\n", {"Start"}),
               (Lines{"1: spacing", "2: duplicate-key"}));
 }
 
 TEST_F(KeyRulesTest, orderOfKeysDoesNotMatter) {
-    EXPECT_EQ(faultsIn(stringsOf({"b", "c", "a"}), {"a", "b", "c"}), Lines{});
+    EXPECT_EQ(findingsIn(stringsOf({"b", "c", "a"}), {"a", "b", "c"}), Lines{});
 }
 
 TEST_F(KeyRulesTest, quotesAtTheEndsOfATextAreMisread) {
-    EXPECT_EQ(faultsIn("\"Start\" = \"Das \"Los\"\"\n", {"Start"}), Lines{"1: misread"});
-    EXPECT_EQ(faultsIn("\"Start\" = \"\"Los\" da\"\n", {"Start"}), Lines{"1: misread"});
-    EXPECT_EQ(faultsIn("\"Start\" = \"Das \"Los\".\"\n", {"Start"}), Lines{});
+    EXPECT_EQ(findingsIn("\"Start\" = \"Das \"Los\"\"\n", {"Start"}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"Start\" = \"\"Los\" da\"\n", {"Start"}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"Start\" = \"Das \"Los\".\"\n", {"Start"}), Lines{});
 }
 
 TEST_F(KeyRulesTest, textOfQuotesAloneIsMisread) {
-    EXPECT_EQ(faultsIn("\"Start\" = \"\"\"\"\n", {"Start"}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"Start\" = \"\"\"\"\n", {"Start"}), Lines{"1: misread"});
 }
 
 TEST_F(KeyRulesTest, carriageReturnAtTheStartOfATextIsMisread) {
-    EXPECT_EQ(faultsIn("\"Start\" = \"\rLos\"\n", {"Start"}), Lines{"1: misread"});
-    EXPECT_EQ(faultsIn("\"Start\" = \"L\ros\"\n", {"Start"}), Lines{});
+    EXPECT_EQ(findingsIn("\"Start\" = \"\rLos\"\n", {"Start"}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"Start\" = \"L\ros\"\n", {"Start"}), Lines{});
 }
 
 TEST_F(KeyRulesTest, textBehindAZeroByteIsMisread) {
     using namespace std::string_literals;
-    EXPECT_EQ(faultsIn("\"Start\" = \"Lo\0s\"\n"s, {"Start"}), Lines{"1: misread"});
-    EXPECT_EQ(faultsIn("\"St\0rt\" = \"Los\"\n"s, {"St\0rt"s}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"Start\" = \"Lo\0s\"\n"s, {"Start"}), Lines{"1: misread"});
+    EXPECT_EQ(findingsIn("\"St\0rt\" = \"Los\"\n"s, {"St\0rt"s}), Lines{"1: misread"});
 }
 
 TEST_F(KeyRulesTest, keyThatNoTextOfTheProgramFindsIsMisread) {
     for (const std::string key : {"Say \"go\" now", "a\tb", "a\\xb", "a\\", "Say \\\"go\\\""}) {
-        EXPECT_EQ(faultsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{"1: misread"}) << key;
+        EXPECT_EQ(findingsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{"1: misread"}) << key;
     }
     for (const std::string key : {"Say \"go\" now", "a\tb"}) {
-        EXPECT_EQ(faultsIn(stringsOf({key}), {key}), Lines{"1: misread"}) << key;
+        EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{"1: misread"}) << key;
     }
     for (const std::string key : {"Say \\\"go\\\" now", "a\\tb", "a\\vb", "a\\\\b", "a b\\\\"}) {
-        EXPECT_EQ(faultsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{}) << key;
+        EXPECT_EQ(findingsIn("\"" + key + "\" = \"Los\"\n", {key}), Lines{}) << key;
     }
 }
 
 TEST_F(KeyRulesTest, entryInACommentOfSeveralLinesIsMisread) {
     const std::string entry = "\"Start\" = \"Los\"\n";
-    EXPECT_EQ(faultsIn("/* old:\n\"Start\" = \"Lauf\"\n*/\n" + entry, {"Start"}),
+    EXPECT_EQ(findingsIn("/* old:\n\"Start\" = \"Lauf\"\n*/\n" + entry, {"Start"}),
               Lines{"2: misread"});
-    EXPECT_EQ(faultsIn("/*\n\"Start\" = \"Lauf\" */\n" + entry, {"Start"}), Lines{"2: misread"});
-    EXPECT_EQ(faultsIn("/*/\n\"Start\" = \"Lauf\"\n*/\n" + entry, {"Start"}), Lines{"2: misread"});
-    EXPECT_EQ(faultsIn("/*\nold: \"Start\"=\"Lauf\"\n*/\n" + entry, {"Start"}), Lines{});
+    EXPECT_EQ(findingsIn("/*\n\"Start\" = \"Lauf\" */\n" + entry, {"Start"}), Lines{"2: misread"});
+    EXPECT_EQ(findingsIn("/*/\n\"Start\" = \"Lauf\"\n*/\n" + entry, {"Start"}),
+              Lines{"2: misread"});
+    EXPECT_EQ(findingsIn("/*\nold: \"Start\"=\"Lauf\"\n*/\n" + entry, {"Start"}), Lines{});
 }
 
 TEST_F(KeyRulesTest, lineOfACommentThatTheProgramNeverLooksUpPasses) {
@@ -85,31 +86,31 @@ TEST_F(KeyRulesTest, lineOfACommentThatTheProgramNeverLooksUpPasses) {
     for (const std::string line :
          {"say \"a\" = \"b\"", " * \"Start\" = \"Lauf\"", "\"Start\" = \"a\" = \"b\"",
           "\"Start\" = \"\"", "\"\" = \"Lauf\"", "\"Stop\" = \"Halt\"", "\"Start\"=\"Lauf\""}) {
-        EXPECT_EQ(faultsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{}) << line;
+        EXPECT_EQ(findingsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{}) << line;
     }
     for (const std::string line : {"\"\"Start\" = \"Lauf\"", "Start\" = \"Lauf",
                                    "\"Start\" = \"a\" = \"", "\"Start\" = \" \""}) {
-        EXPECT_EQ(faultsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{"2: misread"})
+        EXPECT_EQ(findingsIn("/*\n" + line + "\n*/\n" + entry, {"Start"}), Lines{"2: misread"})
             << line;
     }
 }
 
 TEST_F(KeyRulesTest, entryThatALaterCommentReplacesIsMisreadToo) {
-    EXPECT_EQ(faultsIn("\"Start\" = \"Los\"\n/*\n\"Start\" = \"Lauf\"\n*/\n", {"Start"}),
+    EXPECT_EQ(findingsIn("\"Start\" = \"Los\"\n/*\n\"Start\" = \"Lauf\"\n*/\n", {"Start"}),
               (Lines{"1: misread", "3: misread"}));
 }
 
 TEST_F(KeyRulesTest, lastOfSeveralLinesIsTheOneThatTheProgramReads) {
-    EXPECT_EQ(faultsIn("\"Start\" = \"\"a\"\"\n\"Start\" = \"b\"\n", {"Start"}),
+    EXPECT_EQ(findingsIn("\"Start\" = \"\"a\"\"\n\"Start\" = \"b\"\n", {"Start"}),
               Lines{"2: duplicate-key"});
 }
 
-TEST_F(KeyRulesTest, faultsAreSortedByFileAndLine) {
+TEST_F(KeyRulesTest, findingsAreSortedByFileAndLine) {
     folder_.write("reference", stringsOf({"Start"}));
     folder_.write("b", "x\n\"Start\" = \"Los\"\ny\n");
     folder_.write("a", "\"Start\" = \"50%\";\n");
     Lines places;
-    for (const std::string& line : faults({"--reference", "reference", "b", "a"})) {
+    for (const std::string& line : findings({"--reference", "reference", "b", "a"})) {
         places.push_back(line.substr(0, line.find(": ", line.find(": ") + 1)));
     }
     EXPECT_EQ(places, (Lines{"a:1: trailing-text", "a:1: single-percent", "b:1: not-an-entry",

@@ -18,41 +18,41 @@ protected:
     }
 
     /// What is found after the German licence got these bytes.
-    Lines faultsInLicense(const std::string& bytes) {
+    Lines findingsInLicense(const std::string& bytes) {
         folder_.write("all/LA_de", bytes);
-        return faults({"all"});
+        return findings({"all"});
     }
 
     const std::string text_ = {"\xFF\xFEO\0k\0", 6};
 };
 
 TEST_F(ResourcesTest, soundOnesPass) {
-    EXPECT_EQ(faults({"all"}), Lines{});
+    EXPECT_EQ(findings({"all"}), Lines{});
 }
 
 TEST_F(ResourcesTest, everyLanguageIsHeldToTheEnglishKeys) {
     addLanguage("fr", {"Stop"});
-    EXPECT_EQ(faults({"all"}), (Lines{"all/fr.lproj/Localizable.strings:0: missing-key: Start",
-                                      "all/fr.lproj/Localizable.strings:1: unknown-key: "
-                                      "not a key of the reference: Stop"}));
+    EXPECT_EQ(findings({"all"}), (Lines{"all/fr.lproj/Localizable.strings:0: missing-key: Start",
+                                        "all/fr.lproj/Localizable.strings:1: unknown-key: "
+                                        "not a key of the reference: Stop"}));
 }
 
 TEST_F(ResourcesTest, areHeldToTheReferenceThatIsNamed) {
     folder_.write("reference", stringsOf({"Stop"}));
-    EXPECT_EQ(faults({"--reference", "reference", "all"}).size(), 4U);
+    EXPECT_EQ(findings({"--reference", "reference", "all"}).size(), 4U);
     folder_.write("reference", stringsOf({"Start"}));
-    EXPECT_EQ(faults({"--reference", "reference", "all"}), Lines{});
+    EXPECT_EQ(findings({"--reference", "reference", "all"}), Lines{});
 }
 
 TEST_F(ResourcesTest, englishStringsAreCheckedToo) {
     folder_.write("all/en.lproj/Localizable.strings", "\n\"Start\" = \"100%\"\n");
-    EXPECT_EQ(faults({"all"}), Lines{"all/en.lproj/Localizable.strings:2: single-percent: "
-                                     "a percent sign is written doubled"});
+    EXPECT_EQ(findings({"all"}), Lines{"all/en.lproj/Localizable.strings:2: single-percent: "
+                                       "a percent sign is written doubled"});
 }
 
 TEST_F(ResourcesTest, languageWithoutLicenseIsFound) {
     std::filesystem::remove(folder_.path() / "all/LA_de");
-    EXPECT_EQ(faults({"all"}),
+    EXPECT_EQ(findings({"all"}),
               Lines{"all/LA_de:0: missing-license: the language has no licence file"});
 }
 
@@ -60,16 +60,16 @@ TEST_F(ResourcesTest, otherFilesAreLeftAlone) {
     folder_.write("all/install", "\x80;");
     folder_.write("all/notes.lproj.txt", "x");
     folder_.write("all/images/LA_xx", "x");
-    EXPECT_EQ(faults({"all"}), Lines{});
+    EXPECT_EQ(findings({"all"}), Lines{});
 }
 
 TEST_F(ResourcesTest, missingStringsFileIsFoundAndTheRestIsChecked) {
     std::filesystem::remove(folder_.path() / "all/de.lproj/Localizable.strings");
     addLanguage("fr", {"Start", "Stop"});
-    EXPECT_EQ(faults({"all"}), (Lines{"all/de.lproj/Localizable.strings:0: unreadable-file: "
-                                      "cannot read the file all/de.lproj/Localizable.strings",
-                                      "all/fr.lproj/Localizable.strings:2: unknown-key: "
-                                      "not a key of the reference: Stop"}));
+    EXPECT_EQ(findings({"all"}), (Lines{"all/de.lproj/Localizable.strings:0: unreadable-file: "
+                                        "cannot read the file all/de.lproj/Localizable.strings",
+                                        "all/fr.lproj/Localizable.strings:2: unknown-key: "
+                                        "not a key of the reference: Stop"}));
 }
 
 TEST_F(ResourcesTest, folderThatTheProgramNeverOpensIsFound) {
@@ -78,8 +78,8 @@ TEST_F(ResourcesTest, folderThatTheProgramNeverOpensIsFound) {
     for (const std::string name : {"DE", "Base", "d", "deu", "pt_BR", "q9"}) {
         folder_.write("all/" + name + ".lproj/Localizable.strings", stringsOf({"Stop"}));
     }
-    EXPECT_EQ(faults({"all"}), (Lines{"all/Base" + fault, "all/DE" + fault, "all/d" + fault,
-                                      "all/deu" + fault, "all/pt_BR" + fault, "all/q9" + fault}));
+    EXPECT_EQ(findings({"all"}), (Lines{"all/Base" + fault, "all/DE" + fault, "all/d" + fault,
+                                        "all/deu" + fault, "all/pt_BR" + fault, "all/q9" + fault}));
 }
 
 TEST_F(ResourcesTest, languageThatIsNoFolderIsFound) {
@@ -88,31 +88,31 @@ TEST_F(ResourcesTest, languageThatIsNoFolderIsFound) {
     folder_.write("all/fr.lproj", "x");
     std::filesystem::create_symlink("nowhere", folder_.path() / "all/it.lproj");
     std::filesystem::create_symlink("sv.lproj", folder_.path() / "all/sv.lproj");
-    EXPECT_EQ(faults({"all"}), (Lines{"all/fr" + fault, "all/it" + fault, "all/sv" + fault}));
+    EXPECT_EQ(findings({"all"}), (Lines{"all/fr" + fault, "all/it" + fault, "all/sv" + fault}));
 }
 
 TEST_F(ResourcesTest, linkToALanguageFolderIsOne) {
     std::filesystem::create_directory_symlink("de.lproj", folder_.path() / "all/nb.lproj");
-    EXPECT_EQ(faults({"all"}),
+    EXPECT_EQ(findings({"all"}),
               Lines{"all/LA_nb:0: missing-license: the language has no licence file"});
 }
 
 TEST_F(ResourcesTest, whatTheProgramIsShippedWithPasses) {
-    EXPECT_EQ(faults({VEXORA_STAGED_RESOURCES}), Lines{});
+    EXPECT_EQ(findings({VEXORA_STAGED_RESOURCES}), Lines{});
 }
 
 TEST_F(ResourcesTest, licenseMayBeALink) {
     std::filesystem::remove(folder_.path() / "all/LA_de");
     std::filesystem::create_symlink("LA_en", folder_.path() / "all/LA_de");
-    EXPECT_EQ(faults({"all"}), Lines{});
+    EXPECT_EQ(findings({"all"}), Lines{});
 }
 
 TEST_F(ResourcesTest, licenseWithoutLanguagePassesOrIsFoundLikeAnyOther) {
     folder_.write("all/LA_fr", text_);
-    EXPECT_EQ(faults({"all"}), Lines{});
+    EXPECT_EQ(findings({"all"}), Lines{});
     folder_.write("all/LA_fr", "Ok");
-    EXPECT_EQ(faults({"all"}), Lines{"all/LA_fr:0: license-encoding: "
-                                     "the file does not begin with a byte-order mark of UTF-16"});
+    EXPECT_EQ(findings({"all"}), Lines{"all/LA_fr:0: license-encoding: "
+                                       "the file does not begin with a byte-order mark of UTF-16"});
 }
 
 TEST_F(ResourcesTest, licenseThatIsNoReadableFileIsFoundAndTheRestIsChecked) {
@@ -122,39 +122,39 @@ TEST_F(ResourcesTest, licenseThatIsNoReadableFileIsFoundAndTheRestIsChecked) {
     folder_.write("all/LA_fr", text_ + "x");
     std::filesystem::remove(license);
     std::filesystem::create_symlink("nowhere", license);
-    EXPECT_EQ(faults({"all"}), expected);
+    EXPECT_EQ(findings({"all"}), expected);
     std::filesystem::remove(license);
     std::filesystem::create_symlink("LA_de", license);
-    EXPECT_EQ(faults({"all"}), expected);
+    EXPECT_EQ(findings({"all"}), expected);
     std::filesystem::remove(license);
     std::filesystem::create_directory(license);
-    EXPECT_EQ(faults({"all"}), expected);
+    EXPECT_EQ(findings({"all"}), expected);
 }
 
 TEST_F(ResourcesTest, licenseWithoutUtf16MarkIsFound) {
     for (const std::string& bytes :
          {"O\0k\0"s, "\0O\0k"s, "Ok\n"s, "\xEF\xBB\xBFOk"s, "\xFE"s, "\xFF\xFF"s, ""s}) {
-        EXPECT_EQ(faultsInLicense(bytes),
+        EXPECT_EQ(findingsInLicense(bytes),
                   Lines{"all/LA_de:0: license-encoding: "
                         "the file does not begin with a byte-order mark of UTF-16"});
     }
 }
 
 TEST_F(ResourcesTest, licenseOfAnOddLengthIsFound) {
-    EXPECT_EQ(faultsInLicense(text_ + "x"),
+    EXPECT_EQ(findingsInLicense(text_ + "x"),
               Lines{"all/LA_de:0: license-encoding: the file has an odd number of bytes"});
 }
 
 TEST_F(ResourcesTest, licenseWithoutTextIsFound) {
     EXPECT_EQ(
-        faultsInLicense("\xFE\xFF"),
+        findingsInLicense("\xFE\xFF"),
         Lines{"all/LA_de:0: license-encoding: the file has no text behind its byte-order mark"});
 }
 
 TEST_F(ResourcesTest, licenseWithBrokenSurrogatesIsFound) {
     for (const std::string& units : {"\xD8\0\0x"s, "\xDB\xFF"s, "\0x\xDC\0"s, "\xD8\0\xD8\0\xDC\0"s,
                                      "\xDC\0\xD8\0"s, "\xD8\0\xDC\0\xDF\xFF"s}) {
-        EXPECT_EQ(faultsInLicense("\xFE\xFF" + units),
+        EXPECT_EQ(findingsInLicense("\xFE\xFF" + units),
                   Lines{"all/LA_de:0: license-encoding: the file holds half a pair of surrogates"});
     }
 }
@@ -162,7 +162,7 @@ TEST_F(ResourcesTest, licenseWithBrokenSurrogatesIsFound) {
 TEST_F(ResourcesTest, licenseWithASecondMarkIsFound) {
     for (const std::string& bytes :
          {"\xFF\xFE\xFF\xFEO\0"s, "\xFE\xFF\xFE\xFF\0O"s, "\xFF\xFE\xFE\xFFO\0"s}) {
-        EXPECT_EQ(faultsInLicense(bytes),
+        EXPECT_EQ(findingsInLicense(bytes),
                   Lines{"all/LA_de:0: license-encoding: "
                         "the file has a second byte-order mark behind the first"});
     }
@@ -170,13 +170,13 @@ TEST_F(ResourcesTest, licenseWithASecondMarkIsFound) {
 
 TEST_F(ResourcesTest, licenseWithAZeroIsFound) {
     for (const std::string& bytes : {"\xFF\xFE\0\0O\0\0\0"s, "\xFF\xFE\0\0"s, "\xFE\xFF\0O\0\0"s}) {
-        EXPECT_EQ(faultsInLicense(bytes),
+        EXPECT_EQ(findingsInLicense(bytes),
                   Lines{"all/LA_de:0: license-encoding: the file holds U+0000, as UTF-32 would"});
     }
 }
 
 TEST_F(ResourcesTest, licenseInEitherByteOrderPasses) {
-    EXPECT_EQ(faultsInLicense("\xFE\xFF\0O\xD8\0\xDC\0\xDB\xFF\xDF\xFF\xD7\xFF\xE0\0"s), Lines{});
-    EXPECT_EQ(faultsInLicense("\xFF\xFEO\0\0\xD8\0\xDC\xFF\xDB\xFF\xDF\xFF\xD7\0\xE0"s), Lines{});
-    EXPECT_EQ(faultsInLicense("\xFF\xFE\xD8\0\xDC\0"s), Lines{}); // U+00D8, U+00DC
+    EXPECT_EQ(findingsInLicense("\xFE\xFF\0O\xD8\0\xDC\0\xDB\xFF\xDF\xFF\xD7\xFF\xE0\0"s), Lines{});
+    EXPECT_EQ(findingsInLicense("\xFF\xFEO\0\0\xD8\0\xDC\xFF\xDB\xFF\xDF\xFF\xD7\0\xE0"s), Lines{});
+    EXPECT_EQ(findingsInLicense("\xFF\xFE\xD8\0\xDC\0"s), Lines{}); // U+00D8, U+00DC
 }

@@ -16,9 +16,9 @@ Checks the translations in a staged resource directory, RESOURCES, with its fold
 licence files LA_xx, or single strings files. Their keys must be those of the reference, which is
 RESOURCES/en.lproj/Localizable.strings unless another file is named.
 
-Each fault takes a line "file:line: rule: text"; line 0 stands for the file as a whole.
+Each finding takes a line "file:line: rule: text"; line 0 stands for the file as a whole.
 Control characters and what is not valid UTF-8 are written as \x and two digits per byte.
-The status is 0 without faults, 1 with faults, and 2 when the arguments make no sense or when a
+The status is 0 without findings, 1 with findings, and 2 when the arguments make no sense or when a
 file named in them, the reference or RESOURCES itself cannot be read.
 
 An entry is a line "key" = "text"; what stands between key and text, quotes included, is its

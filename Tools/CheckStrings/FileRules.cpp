@@ -46,7 +46,7 @@ void checkComments(const std::vector<CommentedEntry>& commented, const Keys& wan
 } // namespace
 
 Keys readKeys(const std::filesystem::path& reference) {
-    Faults ignored;
+    Findings ignored;
     FileReport report(reference.string(), ignored);
     Keys keys;
     for (Entry& entry : readStrings(readBytes(reference), report).entries) {
@@ -58,8 +58,8 @@ Keys readKeys(const std::filesystem::path& reference) {
     return keys;
 }
 
-void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Faults& faults) {
-    FileReport report(file.string(), faults);
+void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Findings& findings) {
+    FileReport report(file.string(), findings);
     const Strings strings = readStrings(readBytes(file), report);
     checkKeys(strings.entries, wanted, report);
     checkComments(strings.commented, wanted, report);

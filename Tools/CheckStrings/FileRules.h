@@ -1,7 +1,7 @@
 // The rules for one strings file as a whole.
 #pragma once
 
-#include "Fault.h"
+#include "Finding.h"
 
 #include <filesystem>
 #include <set>
@@ -18,6 +18,6 @@ Keys readKeys(const std::filesystem::path& reference);
 
 /// Checks a strings file by all rules.
 /// @throws UnreadableFile when the file cannot be read.
-void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Faults& faults);
+void checkStringsFile(const std::filesystem::path& file, const Keys& wanted, Findings& findings);
 
 } // namespace CheckStrings

@@ -45,7 +45,7 @@ bool hasSecondMark(std::string_view bytes) {
 
 } // namespace
 
-std::optional<std::string> encodingFault(std::string_view bytes) {
+std::optional<std::string> wrongEncoding(std::string_view bytes) {
     const bool bigEndian = bytes.starts_with("\xFE\xFF");
     if (!bigEndian && !bytes.starts_with("\xFF\xFE")) {
         return "the file does not begin with a byte-order mark of UTF-16";

@@ -9,6 +9,6 @@ namespace CheckStrings {
 
 /// @return what is wrong with these bytes as UTF-16 text that begins with a byte-order mark, or
 ///     nothing when all is well and the text is not empty.
-std::optional<std::string> encodingFault(std::string_view bytes);
+std::optional<std::string> wrongEncoding(std::string_view bytes);
 
 } // namespace CheckStrings

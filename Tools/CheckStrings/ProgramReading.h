@@ -1,7 +1,7 @@
 // What the program itself makes of a strings file.
 #pragma once
 
-#include "Fault.h"
+#include "Finding.h"
 #include "StringsFile.h"
 
 #include <filesystem>

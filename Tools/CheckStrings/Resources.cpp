@@ -52,17 +52,17 @@ Contents contentsOf(const fs::path& resources) {
 }
 
 /// Runs a check of one file, and reports when that file cannot be read.
-void checkFile(const fs::path& file, Faults& faults, const std::function<void()>& check) {
+void checkFile(const fs::path& file, Findings& findings, const std::function<void()>& check) {
     try {
         check();
     } catch (const UnreadableFile& error) {
-        FileReport(file.string(), faults).add(0, Rule::UnreadableFile, error.what());
+        FileReport(file.string(), findings).add(0, Rule::UnreadableFile, error.what());
     }
 }
 
-void checkLicense(const fs::path& file, Faults& faults) {
-    if (const auto text = encodingFault(readBytes(file))) {
-        FileReport(file.string(), faults).add(0, Rule::LicenseEncoding, *text);
+void checkLicense(const fs::path& file, Findings& findings) {
+    if (const auto text = wrongEncoding(readBytes(file))) {
+        FileReport(file.string(), findings).add(0, Rule::LicenseEncoding, *text);
     }
 }
 
@@ -72,28 +72,28 @@ fs::path defaultReference(const fs::path& resources) {
     return resources / "en.lproj" / stringsFileName;
 }
 
-void checkResources(const fs::path& resources, const Keys& wanted, Faults& faults) {
+void checkResources(const fs::path& resources, const Keys& wanted, Findings& findings) {
     const Contents contents = contentsOf(resources);
     if (contents.languages.empty()) {
         throw std::runtime_error("no language folder in " + resources.string());
     }
     for (const std::string& stranger : contents.strangers) {
-        FileReport((resources / stranger).string(), faults)
+        FileReport((resources / stranger).string(), findings)
             .add(0, Rule::LanguageFolder,
                  "the program opens only folders, each named by two lower-case letters");
     }
     for (const std::string& language : contents.languages) {
         const fs::path file = resources / (language + ".lproj") / stringsFileName;
-        checkFile(file, faults, [&] { checkStringsFile(file, wanted, faults); });
+        checkFile(file, findings, [&] { checkStringsFile(file, wanted, findings); });
         const std::string license = licensePrefix + language;
         if (!contents.licenses.contains(license)) {
-            FileReport((resources / license).string(), faults)
+            FileReport((resources / license).string(), findings)
                 .add(0, Rule::MissingLicense, "the language has no licence file");
         }
     }
     for (const std::string& license : contents.licenses) {
         const fs::path file = resources / license;
-        checkFile(file, faults, [&] { checkLicense(file, faults); });
+        checkFile(file, findings, [&] { checkLicense(file, findings); });
     }
 }
 

@@ -1,7 +1,7 @@
 // A strings file as its writer meant it: entries, comments and blank lines.
 #pragma once
 
-#include "Fault.h"
+#include "Finding.h"
 
 #include <cstddef>
 #include <string>

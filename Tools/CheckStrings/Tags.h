@@ -1,7 +1,7 @@
 // The tags of a text, such as <b> and </b>, against those of its key.
 #pragma once
 
-#include "Fault.h"
+#include "Finding.h"
 
 #include <string_view>
 

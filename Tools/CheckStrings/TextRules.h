@@ -1,7 +1,7 @@
 // What the text of one entry must keep to, seen as the program will use it.
 #pragma once
 
-#include "Fault.h"
+#include "Finding.h"
 #include "StringsFile.h"
 
 namespace CheckStrings {

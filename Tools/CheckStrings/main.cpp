@@ -16,22 +16,22 @@ using namespace CheckStrings;
 
 enum Status { sound = 0, found = 1, failed = 2 };
 
-Faults check(const Request& request) {
-    Faults faults;
+Findings check(const Request& request) {
+    Findings findings;
     const std::filesystem::path& first = request.paths.front();
     std::error_code ignored;
     if (request.paths.size() == 1 && (!request.reference || is_directory(first, ignored))) {
         const Keys wanted = readKeys(request.reference.value_or(defaultReference(first)));
-        checkResources(first, wanted, faults);
+        checkResources(first, wanted, findings);
     } else {
         const Keys wanted = readKeys(request.reference.value());
-        std::ranges::for_each(request.paths, readBytes); // throws before the first fault
+        std::ranges::for_each(request.paths, readBytes); // throws before the first finding
         for (const std::filesystem::path& file : request.paths) {
-            checkStringsFile(file, wanted, faults);
+            checkStringsFile(file, wanted, findings);
         }
     }
-    std::sort(faults.begin(), faults.end());
-    return faults;
+    std::sort(findings.begin(), findings.end());
+    return findings;
 }
 
 Status run(const Request& request) {
@@ -39,12 +39,12 @@ Status run(const Request& request) {
         std::cout << helpText();
         return sound;
     }
-    const Faults faults = check(request);
-    for (const Fault& fault : faults) {
-        std::cout << printable(fault.file) << ':' << fault.line << ": " << nameOf(fault.rule)
-                  << ": " << printable(fault.text) << '\n';
+    const Findings findings = check(request);
+    for (const Finding& finding : findings) {
+        std::cout << printable(finding.file) << ':' << finding.line << ": " << nameOf(finding.rule)
+                  << ": " << printable(finding.text) << '\n';
     }
-    return faults.empty() ? sound : found;
+    return findings.empty() ? sound : found;
 }
 
 } // namespace

@@ -97,20 +97,21 @@ QByteArray Draft::corrections() {
 }
 
 void Draft::checkRules(const std::filesystem::path& file) {
-    CheckStrings::Faults faults;
+    CheckStrings::Findings findings;
     CheckStrings::checkStringsFile(file, {messageIdentifiers.begin(), messageIdentifiers.end()},
-                                   faults);
-    std::sort(faults.begin(), faults.end());
+                                   findings);
+    std::sort(findings.begin(), findings.end());
     QStringList missing;
-    for (const CheckStrings::Fault& fault : faults) {
-        if (fault.rule == CheckStrings::Rule::MissingKey) {
-            missing.append(quoted(fault.text));
+    for (const CheckStrings::Finding& finding : findings) {
+        if (finding.rule == CheckStrings::Rule::MissingKey) {
+            missing.append(quoted(finding.text));
         } else {
-            const std::string rule(CheckStrings::nameOf(fault.rule));
-            remarks_.append(QString("Line %1: %2: %3")
-                                .arg(fault.line)
-                                .arg(QString::fromStdString(rule),
-                                     QString::fromStdString(CheckStrings::printable(fault.text))));
+            const std::string rule(CheckStrings::nameOf(finding.rule));
+            remarks_.append(
+                QString("Line %1: %2: %3")
+                    .arg(finding.line)
+                    .arg(QString::fromStdString(rule),
+                         QString::fromStdString(CheckStrings::printable(finding.text))));
         }
     }
     if (!missing.isEmpty()) {

@@ -11,7 +11,7 @@
 
 namespace CheckStrings {
 
-struct Fault {
+struct Finding {
     std::string file;
     /// Counted from 1; 0 stands for the file as a whole.
     std::size_t line;
@@ -20,25 +20,26 @@ struct Fault {
 };
 
 /// Orders by file, line, rule and text.
-inline bool operator<(const Fault& left, const Fault& right) {
+inline bool operator<(const Finding& left, const Finding& right) {
     return std::tie(left.file, left.line, left.rule, left.text) <
            std::tie(right.file, right.line, right.rule, right.text);
 }
 
-using Faults = std::vector<Fault>;
+using Findings = std::vector<Finding>;
 
 /// Takes down what is found in one file.
 class FileReport {
 public:
-    FileReport(std::string file, Faults& faults) : file_(std::move(file)), faults_(faults) {}
+    FileReport(std::string file, Findings& findings)
+        : file_(std::move(file)), findings_(findings) {}
 
     void add(std::size_t line, Rule rule, std::string text) {
-        faults_.push_back({file_, line, rule, std::move(text)});
+        findings_.push_back({file_, line, rule, std::move(text)});
     }
 
 private:
     std::string file_;
-    Faults& faults_;
+    Findings& findings_;
 };
 
 } // namespace CheckStrings

@@ -14,8 +14,8 @@ public:
     explicit Shown(Widget* widget) : Owner(widget) {}
 
 protected:
-    void applySubviewAdded(View& child, std::size_t index) override {
-        this->addChild(child, index == 0 && this->subviews().size() > 1);
+    void applySubviewAdded(View& child, Ordering ordering) override {
+        this->addChild(child, ordering);
     }
     void applySubviewRemoved(View& child) override { this->removeChild(child); }
     void applyHidden() override { this->show(*this); }

@@ -16,7 +16,7 @@ void View::addSubview(std::shared_ptr<View> child, Ordering ordering) {
     child->superview_ = this;
     const auto position = ordering == Ordering::Below ? subviews_.begin() : subviews_.end();
     const auto inserted = subviews_.insert(position, std::move(child));
-    applySubviewAdded(**inserted, static_cast<std::size_t>(inserted - subviews_.begin()));
+    applySubviewAdded(**inserted, ordering);
     updateCoveredSubviews();
 }
 

@@ -64,7 +64,7 @@ protected:
     void setOpaque(bool opaque) { opaque_ = opaque; }
 
     // Called after the state has changed, each time a setter is called.
-    virtual void applySubviewAdded(View& /*child*/, std::size_t /*index*/) {}
+    virtual void applySubviewAdded(View& /*child*/, Ordering /*ordering*/) {}
     virtual void applySubviewRemoved(View& /*child*/) {}
     virtual void applyHidden() {}
     virtual void applyAlphaValue() {}

@@ -210,7 +210,7 @@ TEST_F(InstallViewController, failureShowsTheScreenItsMessageAndFadesItsOwnEleme
                "licenseLabel.setHidden true", "logLabel.onClick",
                "failLabel.setAttributedStringValue Installation failed", "failLabel.setHidden true",
                "closeIcon.setHidden true", "logLabel.setAttributedStringValue Open logs",
-               "view(ViewController).addSubview view(FailViewController) at 4 of 5",
+               "view(ViewController).addSubview view(FailViewController) above 4 others",
                "failLabel.setHidden false", "closeIcon.setHidden false",
                "logLabel.addHeightConstraint 200",
                "logLabel.setAttributedStringValue Failed to copy Ondrel Vexora Lumiq Web "

@@ -86,7 +86,7 @@ TEST_F(LicenseViewController, secondOpeningShowsTheSameTextWithoutReadingAgain) 
     EXPECT_EQ(window->licenseView()->licenseText()->documentView(), shownFirst);
     EXPECT_EQ(shownFirst->string(), "first");
     EXPECT_EQ(platform.calls.lines(),
-              Lines{"view(ViewController).addSubview view(LicenseViewController) at 3 of 4"});
+              Lines{"view(ViewController).addSubview view(LicenseViewController) above 3 others"});
 }
 
 TEST_F(LicenseViewController, goBackDuringTheInstallationUncoversTheInstallScreenAsItIs) {
@@ -109,15 +109,16 @@ TEST_F(LicenseViewController, goBackDuringTheInstallationUncoversTheInstallScree
 TEST_F(LicenseViewController, loadingReadsTheFileBuildsTheAreaAndSetsTheTextsInOrder) {
     addLicence("en", "agreement");
     openLicence("en_US");
-    EXPECT_EQ(platform.calls.lines(),
-              (Lines{"load LicenseViewController", "backButton.onClick",
-                     "utf16TextOfFile " + licencePath("en"), "licenseText.contentSize",
-                     "makeTextView 480 x 260", "textView.setRichText true",
-                     "textView.setString agreement", "textView.setEditable false",
-                     "textView.setContainerSize 480 x 3.40282e+38", "licenseText.setDocumentView",
-                     "licenseAgreementLabel.setAttributedStringValue License Agreement",
-                     "backButton.setTitle Go back",
-                     "view(ViewController).addSubview view(LicenseViewController) at 3 of 4"}));
+    EXPECT_EQ(
+        platform.calls.lines(),
+        (Lines{"load LicenseViewController", "backButton.onClick",
+               "utf16TextOfFile " + licencePath("en"), "licenseText.contentSize",
+               "makeTextView 480 x 260", "textView.setRichText true",
+               "textView.setString agreement", "textView.setEditable false",
+               "textView.setContainerSize 480 x 3.40282e+38", "licenseText.setDocumentView",
+               "licenseAgreementLabel.setAttributedStringValue License Agreement",
+               "backButton.setTitle Go back",
+               "view(ViewController).addSubview view(LicenseViewController) above 3 others"}));
 }
 
 TEST_F(LicenseViewController, logFolderIsMadeBeforeTheFileIsRead) {

@@ -63,7 +63,7 @@ TEST_F(StartViewController, startShowsTheInstallScreenAndThenRemovesItself) {
                      "backgroundQueue.async",
                      "installLabel.setAttributedStringValue Installing Ondrel Vexora Lumiq...",
                      "closeButton.setTitle Close",
-                     "view(ViewController).addSubview view(InstallViewController) at 0 of 4",
+                     "view(ViewController).addSubview view(InstallViewController) below 3 others",
                      "view(StartViewController).removeFromSuperview"}));
 }
 

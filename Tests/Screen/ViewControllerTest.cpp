@@ -111,7 +111,7 @@ TEST_F(ViewController, loadingTakesItsStepsInOrder) {
                "load StartViewController", "startButton.onClick", "createDirectory " + logFolder,
                "startLabel.setAttributedStringValue To install Ondrel Vexora Lumiq, click Start.",
                "startButton.setTitle Start",
-               "containerView.addSubview view(StartViewController) at 0 of 1"}));
+               "containerView.addSubview view(StartViewController) above 0 others"}));
 }
 
 TEST_F(ViewController, onlyTheStartScreenIsLoadedAtFirst) {
@@ -176,7 +176,7 @@ TEST_F(ViewController, licenceScreenOpensOnTopOfEverything) {
     platform.calls.clear();
     click("licenseLabel");
     EXPECT_EQ(platform.calls.lines().back(),
-              "view(ViewController).addSubview view(LicenseViewController) at 3 of 4");
+              "view(ViewController).addSubview view(LicenseViewController) above 3 others");
     for (const std::string name : {"lumiqLogo", "containerView", "licenseLabel"}) {
         EXPECT_TRUE(platform.interfaces.view(name)->isCovered()) << name;
     }

@@ -18,10 +18,11 @@ public:
     std::vector<std::string> told;
 
 protected:
-    void applySubviewAdded(View& child, std::size_t index) override {
+    void applySubviewAdded(View& child, Ordering ordering) override {
         EXPECT_EQ(child.superview(), this);
-        EXPECT_EQ(subviews().at(index).get(), &child);
-        told.push_back("added at " + std::to_string(index));
+        const bool below = ordering == Ordering::Below;
+        EXPECT_EQ((below ? subviews().front() : subviews().back()).get(), &child);
+        told.push_back(below ? "added below" : "added above");
     }
     void applySubviewRemoved(View& child) override {
         EXPECT_EQ(child.superview(), nullptr);
@@ -53,7 +54,7 @@ TEST_F(View, subviewGoesOnTopUnlessToldOtherwise) {
     parent->addSubview(first);
     parent->addSubview(second);
     EXPECT_EQ(parent->subviews(), (Children{first, second}));
-    EXPECT_EQ(parent->told, (Told{"added at 0", "added at 1"}));
+    EXPECT_EQ(parent->told, (Told{"added above", "added above"}));
 }
 
 TEST_F(View, subviewBelowGoesUnderAllSiblings) {
@@ -61,7 +62,7 @@ TEST_F(View, subviewBelowGoesUnderAllSiblings) {
     parent->addSubview(second);
     parent->addSubview(third, Ordering::Below);
     EXPECT_EQ(parent->subviews(), (Children{third, first, second}));
-    EXPECT_EQ(parent->told.back(), "added at 0");
+    EXPECT_EQ(parent->told.back(), "added below");
 }
 
 TEST_F(View, subviewAboveGoesOverAllSiblings) {
@@ -87,7 +88,7 @@ TEST_F(View, addingToAnotherViewLeavesTheFirstOne) {
     EXPECT_EQ(parent->subviews(), Children{});
     EXPECT_EQ(other->subviews(), Children{first});
     EXPECT_EQ(first->superview(), other.get());
-    EXPECT_EQ(parent->told, (Told{"added at 0", "removed"}));
+    EXPECT_EQ(parent->told, (Told{"added above", "removed"}));
 }
 
 TEST_F(View, removingTakesOnlyThatView) {

@@ -75,7 +75,8 @@ void AppKitWindow::setContent(NSView* content) {
     [window_.get() setContentSize:size];
     [window_.get() setContentMinSize:size];
     [window_.get() center];
-    [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content) below:NO];
+    [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content)
+                                              positioned:Ordering::Above];
 }
 
 void AppKitWindow::setTitle(const std::string& title) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "Platform/AppKit/Compatibility.h"
+#include "Platform/View.h"
 
 @interface VexoraPane : NSView {
 @public
@@ -22,7 +23,7 @@
 
 /// Takes a pane in, under or over everything else. An opaque one takes the whole area, any other
 /// the content area.
-- (void)addPane:(VexoraPane*)pane below:(BOOL)below;
+- (void)addPane:(VexoraPane*)pane positioned:(Vexora::Ordering)ordering;
 
 /// Gives a pane back.
 - (void)removePane:(VexoraPane*)pane;

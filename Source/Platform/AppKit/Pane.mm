@@ -18,7 +18,7 @@
     return opaquePane;
 }
 
-- (void)addPane:(VexoraPane*)pane below:(BOOL)below {
+- (void)addPane:(VexoraPane*)pane positioned:(Vexora::Ordering)ordering {
     const BOOL covered = [self isCovered];
     if (pane->opaquePane) {
         focusBeforeCover = Vexora::as<NSView>([[self window] firstResponder]);
@@ -27,7 +27,9 @@
     [pane setUserInterfaceLayoutDirection:direction];
     [pane setFrame:everything ? [self bounds] : [contentArea.get() frame]];
     [pane setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-    [self addSubview:pane positioned:below ? NSWindowBelow : NSWindowAbove relativeTo:nil];
+    [self addSubview:pane
+          positioned:ordering == Vexora::Ordering::Below ? NSWindowBelow : NSWindowAbove
+          relativeTo:nil];
     Vexora::renewKeyViewLoop([self window]);
     if (!covered) {
         [pane takeInitialFocus];

@@ -26,7 +26,7 @@ public:
     NSView* widget() const { return widget_.get(); }
 
 protected:
-    void addChild(View& child, bool below);
+    void addChild(View& child, Ordering ordering);
     void removeChild(View& child);
     void show(const View& view);
     void fixHeight(double height);

@@ -22,11 +22,11 @@ WidgetOwner::~WidgetOwner() {
     [widget_.get() removeFromSuperview];
 }
 
-void WidgetOwner::addChild(View& child, bool below) {
+void WidgetOwner::addChild(View& child, Ordering ordering) {
     VexoraPane* const pane = as<VexoraPane>(widget_.get());
     VexoraPane* const added = paneOf(child);
     if (pane != nil && added != nil && [added superview] != pane) {
-        [pane addPane:added below:below];
+        [pane addPane:added positioned:ordering];
     }
 }
 

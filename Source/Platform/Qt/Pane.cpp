@@ -10,7 +10,7 @@ namespace Vexora {
 
 Pane::Pane(QWidget* parent) : QWidget(parent) {}
 
-void Pane::addPane(Pane* pane, bool below) {
+void Pane::addPane(Pane* pane, Ordering ordering) {
     const bool covered = std::any_of(panes_.begin(), panes_.end(),
                                      [](const auto& other) { return other->isOpaque(); });
     if (pane->isOpaque()) {
@@ -18,7 +18,7 @@ void Pane::addPane(Pane* pane, bool below) {
     }
     pane->setParent(this);
     panes_.append(pane);
-    if (below) {
+    if (ordering == Ordering::Below) {
         pane->lower();
     } else {
         pane->raise();

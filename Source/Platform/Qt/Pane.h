@@ -3,6 +3,8 @@
 // the click.
 #pragma once
 
+#include "Platform/View.h"
+
 #include <QList>
 #include <QPointer>
 #include <QWidget>
@@ -21,7 +23,7 @@ public:
     /// Takes a pane in, under or over everything else. An opaque one takes the whole area, any
     /// other the area of the control that the definition's property `contentArea` names, or the
     /// whole area without one.
-    void addPane(Pane* pane, bool below);
+    void addPane(Pane* pane, Ordering ordering);
 
     /// Gives a pane back; it then belongs to the caller.
     void removePane(Pane* pane);

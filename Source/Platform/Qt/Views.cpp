@@ -40,11 +40,11 @@ WidgetOwner::~WidgetOwner() {
     }
 }
 
-void WidgetOwner::addChild(View& child, bool below) {
+void WidgetOwner::addChild(View& child, Ordering ordering) {
     auto* pane = qobject_cast<Pane*>(widget_);
     Pane* added = paneOf(child);
     if (pane != nullptr && added != nullptr && added->parentWidget() != pane) {
-        pane->addPane(added, below);
+        pane->addPane(added, ordering);
     }
 }
 

@@ -31,7 +31,7 @@ public:
     QWidget* widget() const { return widget_; }
 
 protected:
-    void addChild(View& child, bool below);
+    void addChild(View& child, Ordering ordering);
     void removeChild(View& child);
     void show(const View& view);
     void fixHeight(double height);

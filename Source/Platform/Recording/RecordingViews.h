@@ -37,10 +37,11 @@ public:
     void makeOpaque() { this->setOpaque(true); }
 
 protected:
-    void applySubviewAdded(View& child, std::size_t index) override {
+    void applySubviewAdded(View& child, Ordering ordering) override {
         const auto* named = dynamic_cast<const Named*>(&child);
-        record("addSubview " + (named != nullptr ? named->name : "a stand-in") + " at " +
-               std::to_string(index) + " of " + std::to_string(this->subviews().size()));
+        record("addSubview " + (named != nullptr ? named->name : "a stand-in") +
+               (ordering == Ordering::Below ? " below " : " above ") +
+               std::to_string(this->subviews().size() - 1) + " others");
     }
     void applySubviewRemoved(View& child) override {
         const auto* named = dynamic_cast<const Named*>(&child);

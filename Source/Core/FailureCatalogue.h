@@ -4,6 +4,7 @@
 
 #include "Platform/StyledText.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -14,13 +15,32 @@ enum class Presentation { Failure, Notice };
 
 /// A row of the catalogue.
 struct FailureMessage {
+    std::int32_t status;
     /// The English text that is the key of the translation; null when the status has no message.
     const char* identifier;
     Presentation presentation;
 };
 
-/// The row for an exit status, compared by its exact value; any status that is not listed gets the
-/// same default.
+/// The statuses that have a message, in rising order. A further one needs a row here and its
+/// message in the strings files.
+inline constexpr auto failureMessages = std::to_array<FailureMessage>({
+    {1,
+     "A system-wide installation already exists. Removing or upgrading requires "
+     "administrator-level access.",
+     Presentation::Failure},
+    {5, "Ondrel Vexora Lumiq is already up to date.", Presentation::Notice},
+    {10,
+     "A newer version of Ondrel Vexora Lumiq is installed on your system. "
+     "Installation terminated.",
+     Presentation::Failure},
+    {20, "Pre-installation steps failed.", Presentation::Failure},
+    {30, "Failed to extract Ondrel Vexora Lumiq.", Presentation::Failure},
+    {40, "Failed to copy Ondrel Vexora Lumiq Web plugin.", Presentation::Failure},
+    {50, "Post-installation steps failed.", Presentation::Failure},
+});
+
+/// The row for an exit status, compared by its exact value. One that is not listed is a failure
+/// without a message.
 FailureMessage failureMessageForStatus(std::int32_t status);
 
 /// The message without attributes, one blank and the link, the whole of it centred.

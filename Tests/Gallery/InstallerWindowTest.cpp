@@ -1,5 +1,6 @@
 #include "InstallerWindow.h"
 
+#include "Core/FailureCatalogue.h"
 #include "Platform/Qt/TextLabel.h"
 #include "Portrait.h"
 #include "Support/TemporaryFolder.h"
@@ -65,31 +66,23 @@ TEST_F(InstallerWindowTest, completesByItsTicks) {
     EXPECT_EQ(installer.window().findChild<QProgressBar*>()->value(), 100);
 }
 
-TEST_F(InstallerWindowTest, failsWithTheMessageOfEachStatus) {
-    const std::pair<const char*, const char*> messages[] = {
-        {"failure-1", "A system-wide installation already exists. Removing or upgrading requires "
-                      "administrator-level access. Open logs"},
-        {"failure-10", "A newer version of Ondrel Vexora Lumiq is installed on your system. "
-                       "Installation terminated. Open logs"},
-        {"failure-20", "Pre-installation steps failed. Open logs"},
-        {"failure-30", "Failed to extract Ondrel Vexora Lumiq. Open logs"},
-        {"failure-40", "Failed to copy Ondrel Vexora Lumiq Web plugin. Open logs"},
-        {"failure-50", "Post-installation steps failed. Open logs"},
-        {"failure-3", " Open logs"}};
-    for (const auto& [name, message] : messages) {
+TEST_F(InstallerWindowTest, endsWithTheMessageOfEachStatus) {
+    std::size_t ended = 0;
+    for (const Scene& one : Gallery::scenes()) {
+        if (one.reached != Gallery::Reached::ByStatus || one.status == 0) {
+            continue;
+        }
+        ++ended;
+        const Vexora::FailureMessage row = Vexora::failureMessageForStatus(one.status);
+        const bool fails = row.presentation == Vexora::Presentation::Failure;
         InstallerWindow installer(language("en"));
-        installer.enter(scene(name));
-        EXPECT_EQ(shown(installer, "logLabel"), message) << name;
-        EXPECT_EQ(shown(installer, "failLabel"), "Installation failed") << name;
-        EXPECT_EQ(shown(installer, "installLabel"), QString()) << name;
+        installer.enter(one);
+        EXPECT_EQ(shown(installer, "logLabel"), QString(row.identifier) + " Open logs") << one.name;
+        EXPECT_EQ(shown(installer, "failLabel"), fails ? "Installation failed" : "") << one.name;
+        EXPECT_EQ(shown(installer, "installLabel"), QString()) << one.name;
     }
-}
-
-TEST_F(InstallerWindowTest, showsTheNoticeWithoutATitle) {
-    InstallerWindow installer(language("en"));
-    installer.enter(scene("notice"));
-    EXPECT_EQ(shown(installer, "logLabel"), "Ondrel Vexora Lumiq is already up to date. Open logs");
-    EXPECT_EQ(shown(installer, "failLabel"), QString());
+    // Every listed status, and one that is not.
+    EXPECT_EQ(ended, Vexora::failureMessages.size() + 1);
 }
 
 TEST_F(InstallerWindowTest, showsTheLicenceOfTheLanguage) {
@@ -181,7 +174,7 @@ TEST_F(InstallerWindowTest, everySceneHasANameOfItsOwn) {
     for (const Scene& one : Gallery::scenes()) {
         names.append(QString::fromStdString(one.name));
     }
-    EXPECT_EQ(names.size(), 12);
+    EXPECT_EQ(names.size(), static_cast<qsizetype>(Vexora::failureMessages.size() + 5));
     EXPECT_EQ(names.removeDuplicates(), 0);
 }
 

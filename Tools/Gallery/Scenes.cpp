@@ -1,21 +1,35 @@
 #include "Scenes.h"
 
+#include "Core/FailureCatalogue.h"
+
 namespace Gallery {
+namespace {
+
+Scene sceneOf(const Vexora::FailureMessage& row) {
+    const bool fails = row.presentation == Vexora::Presentation::Failure;
+    const std::string status = std::to_string(row.status);
+    const std::string message = row.identifier == nullptr ? "unlisted" : row.identifier;
+    return {(fails ? "failure-" : "notice-") + status,
+            (fails ? "Failure " : "Notice ") + status + ": " + message.substr(0, message.find('.')),
+            Reached::ByStatus, row.status};
+}
+
+std::vector<Scene> allScenes() {
+    std::vector<Scene> all{{"start", "Start", Reached::AtOnce},
+                           {"installing", "Installing", Reached::ByStart},
+                           {"completed", "Completed", Reached::ByStatus, 0}};
+    for (const Vexora::FailureMessage& row : Vexora::failureMessages) {
+        all.push_back(sceneOf(row));
+    }
+    all.push_back(sceneOf(Vexora::failureMessageForStatus(3)));
+    all.push_back({"licence", "Licence", Reached::ByNotice});
+    return all;
+}
+
+} // namespace
 
 const std::vector<Scene>& scenes() {
-    static const std::vector<Scene> all{
-        {"start", "Start", Reached::AtOnce},
-        {"installing", "Installing", Reached::ByStart},
-        {"completed", "Completed", Reached::ByStatus, 0},
-        {"failure-1", "Failure 1: no administrator rights", Reached::ByStatus, 1},
-        {"failure-10", "Failure 10: newer version", Reached::ByStatus, 10},
-        {"failure-20", "Failure 20: before installation", Reached::ByStatus, 20},
-        {"failure-30", "Failure 30: extraction", Reached::ByStatus, 30},
-        {"failure-40", "Failure 40: copying", Reached::ByStatus, 40},
-        {"failure-50", "Failure 50: after installation", Reached::ByStatus, 50},
-        {"failure-3", "Failure 3: unlisted status", Reached::ByStatus, 3},
-        {"notice", "Notice 5: up to date", Reached::ByStatus, 5},
-        {"licence", "Licence", Reached::ByNotice}};
+    static const std::vector<Scene> all = allScenes();
     return all;
 }
 

@@ -31,8 +31,9 @@ public:
     /// Whether anything, a folder included, exists at the path.
     virtual bool fileExistsAtPath(const std::string& path) = 0;
 
-    /// Creates the folder with all missing folders above it. Returns the reason when that failed.
-    virtual std::optional<std::string> createDirectoryAtPath(const std::string& path) = 0;
+    /// Creates the folder with all missing folders above it; one that is there already is no error.
+    /// \return whether an error came back, so true is a failure.
+    virtual bool createDirectoryAtPath(const std::string& path) = 0;
 
     /// Creates an empty file with default attributes, or empties one that exists. Returns whether
     /// that worked.

@@ -8,6 +8,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 #include <system_error>
 
@@ -30,24 +31,6 @@ private:
 std::unique_ptr<FileHandle> openHandle(const std::string& path, int accessMode) {
     PosixDescriptor descriptor = openDescriptor(path, accessMode);
     return descriptor.isOpen() ? std::make_unique<PosixFileHandle>(std::move(descriptor)) : nullptr;
-}
-
-bool isDirectory(const std::string& path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-/// Creates one folder. What counts is that it is there: for an existing one the system may also
-/// answer that the file system is read-only.
-std::optional<std::string> createOneDirectory(const std::string& path) {
-    if (::mkdir(path.c_str(), S_IRWXU | S_IRWXG | S_IRWXO) == 0) {
-        return std::nullopt;
-    }
-    const int error = errno == EEXIST ? ENOTDIR : errno;
-    if (isDirectory(path)) {
-        return std::nullopt;
-    }
-    return path + ": " + std::generic_category().message(error);
 }
 
 std::optional<std::string> contentOfFile(const std::string& path) {
@@ -97,14 +80,10 @@ bool PosixFileSystem::fileExistsAtPath(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
 }
 
-std::optional<std::string> PosixFileSystem::createDirectoryAtPath(const std::string& path) {
-    for (std::size_t end = path.find('/', 1); end != std::string::npos;
-         end = path.find('/', end + 1)) {
-        if (auto reason = createOneDirectory(path.substr(0, end))) {
-            return reason;
-        }
-    }
-    return createOneDirectory(path);
+bool PosixFileSystem::createDirectoryAtPath(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return static_cast<bool>(error);
 }
 
 bool PosixFileSystem::createFileAtPath(const std::string& path) {

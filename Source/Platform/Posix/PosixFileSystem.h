@@ -14,7 +14,7 @@ public:
 
     /// Folders get the mode 0777 less the umask. An existing folder is no failure; anything else
     /// in the way is.
-    std::optional<std::string> createDirectoryAtPath(const std::string& path) override;
+    bool createDirectoryAtPath(const std::string& path) override;
 
     /// A new file gets the mode 0666 less the umask.
     bool createFileAtPath(const std::string& path) override;

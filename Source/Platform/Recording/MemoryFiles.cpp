@@ -54,14 +54,14 @@ bool MemoryFiles::exists(const std::string& path) const {
     return folders_.contains(path) || files_.contains(path) || utf16Texts_.contains(path);
 }
 
-std::optional<std::string> MemoryFiles::createDirectoryAtPath(const std::string& path) {
+bool MemoryFiles::createDirectoryAtPath(const std::string& path) {
     calls_.add("createDirectory " + path);
     const std::lock_guard lock(mutex_);
-    if (refusedFolders.contains(path)) {
-        return "Permission denied";
+    const bool refused = refusedFolders.contains(path);
+    if (!refused) {
+        insertFolder(path);
     }
-    insertFolder(path);
-    return std::nullopt;
+    return refused;
 }
 
 bool MemoryFiles::createFileAtPath(const std::string& path) {

@@ -1,7 +1,6 @@
 #include "BaseViewController.h"
 
 #include "Color.h"
-#include "Core/InstallLog.h"
 #include "Core/Markup.h"
 
 namespace Vexora {
@@ -31,7 +30,7 @@ bool BaseViewController::validateLogFolderPath() {
 }
 
 void BaseViewController::log(const std::string& text) {
-    appendToLog(platform().files, platform().systemLog, {logFolderPath(), logFilePath()}, text);
+    appendToLog(platform().files, platform().systemLog, logPaths(), text);
 }
 
 void BaseViewController::initLoggingPath() {
@@ -40,29 +39,31 @@ void BaseViewController::initLoggingPath() {
 }
 
 void BaseViewController::setLogPaths() {
-    const LogPaths paths = logPathsForHome(platform().environment.homeDirectory());
-    setLogFolderPath(paths.folder);
-    setLogFilePath(paths.file);
+    setLogFolderPath(logFolderForHome(platform().environment.homeDirectory()));
+    setLogFilePath(logFileInFolder(logFolderPath()));
+}
+
+LogPaths BaseViewController::logPaths() const {
+    const std::lock_guard lock(logPathsMutex_);
+    return logPaths_;
 }
 
 std::string BaseViewController::logFolderPath() const {
-    const std::lock_guard lock(pathsMutex_);
-    return logFolderPath_;
+    return logPaths().folder;
 }
 
 void BaseViewController::setLogFolderPath(const std::string& path) {
-    const std::lock_guard lock(pathsMutex_);
-    logFolderPath_ = path;
+    const std::lock_guard lock(logPathsMutex_);
+    logPaths_.folder = path;
 }
 
 std::string BaseViewController::logFilePath() const {
-    const std::lock_guard lock(pathsMutex_);
-    return logFilePath_;
+    return logPaths().file;
 }
 
 void BaseViewController::setLogFilePath(const std::string& path) {
-    const std::lock_guard lock(pathsMutex_);
-    logFilePath_ = path;
+    const std::lock_guard lock(logPathsMutex_);
+    logPaths_.file = path;
 }
 
 } // namespace Vexora

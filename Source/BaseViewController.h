@@ -2,6 +2,7 @@
 // renderer. The renderer uses no state of the controller, so a temporary one will do.
 #pragma once
 
+#include "Core/InstallLog.h"
 #include "InterfaceController.h"
 
 #include <mutex>
@@ -48,10 +49,11 @@ public:
 
 private:
     void setLogPaths();
+    /// Both paths of one moment; any thread.
+    LogPaths logPaths() const;
 
-    mutable std::mutex pathsMutex_;
-    std::string logFolderPath_;
-    std::string logFilePath_;
+    mutable std::mutex logPathsMutex_;
+    LogPaths logPaths_;
 };
 
 } // namespace Vexora

@@ -2,11 +2,12 @@
 
 namespace Vexora {
 
-LogPaths logPathsForHome(const std::string& homeDirectory) {
-    LogPaths paths;
-    paths.folder = homeDirectory + "/Library/Logs/Vexora_Lumiq";
-    paths.file = paths.folder + "/vexora-one-click-installer.log";
-    return paths;
+std::string logFolderForHome(const std::string& homeDirectory) {
+    return homeDirectory + "/Library/Logs/Vexora_Lumiq";
+}
+
+std::string logFileInFolder(const std::string& folder) {
+    return folder + "/vexora-one-click-installer.log";
 }
 
 bool validateLogFolder(FileSystem& files, SystemLog& systemLog, const std::string& folder) {

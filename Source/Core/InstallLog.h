@@ -13,12 +13,13 @@ namespace Vexora {
 struct LogPaths {
     std::string folder;
     std::string file;
-
-    bool operator==(const LogPaths&) const = default;
 };
 
-/// The paths for a user's home directory, by plain concatenation.
-LogPaths logPathsForHome(const std::string& homeDirectory);
+/// The log's folder for a user's home directory, by plain concatenation.
+std::string logFolderForHome(const std::string& homeDirectory);
+
+/// The log file in that folder, by plain concatenation.
+std::string logFileInFolder(const std::string& folder);
 
 /// Makes sure that the log folder exists. Anything that exists at its path counts.
 /// \return false when it had to be created and could not be; one system-log line then tells the

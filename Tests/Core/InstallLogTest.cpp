@@ -6,8 +6,8 @@
 
 #include <string>
 
-using Vexora::LogPaths;
-using Vexora::logPathsForHome;
+using Vexora::logFileInFolder;
+using Vexora::logFolderForHome;
 using Vexora::Recording::Lines;
 using Vexora::Recording::RecordingPlatform;
 
@@ -24,7 +24,8 @@ protected:
     }
 
     RecordingPlatform platform;
-    const LogPaths paths = logPathsForHome("/Users/ann");
+    const std::string folder = logFolderForHome("/Users/ann");
+    const Vexora::LogPaths paths{folder, logFileInFolder(folder)};
 };
 
 TEST_F(InstallLog, pathsAreBuiltFromTheHomeDirectory) {
@@ -33,10 +34,10 @@ TEST_F(InstallLog, pathsAreBuiltFromTheHomeDirectory) {
 }
 
 TEST_F(InstallLog, pathsAreConcatenatedWithoutAnyJoining) {
-    EXPECT_EQ(logPathsForHome("").folder, "/Library/Logs/Vexora_Lumiq");
-    EXPECT_EQ(logPathsForHome("/a/").folder, "/a//Library/Logs/Vexora_Lumiq");
-    EXPECT_EQ(logPathsForHome("/home/Jörg Groß").file,
-              "/home/Jörg Groß/Library/Logs/Vexora_Lumiq/vexora-one-click-installer.log");
+    EXPECT_EQ(logFolderForHome(""), "/Library/Logs/Vexora_Lumiq");
+    EXPECT_EQ(logFolderForHome("/a/"), "/a//Library/Logs/Vexora_Lumiq");
+    EXPECT_EQ(logFolderForHome("/home/Jörg Groß"), "/home/Jörg Groß/Library/Logs/Vexora_Lumiq");
+    EXPECT_EQ(logFileInFolder("/a//"), "/a///vexora-one-click-installer.log");
 }
 
 TEST_F(InstallLog, missingFoldersAreCreatedByTheFirstValidation) {

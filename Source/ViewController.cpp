@@ -39,13 +39,13 @@ void ViewController::retranslate() {
 }
 
 void ViewController::initializeTranslator() {
-    const bool loaded =
+    const auto language =
         Vexora::initializeTranslator(platform().environment, [this](const std::string& reason) {
             std::static_pointer_cast<BaseViewController>(childViewControllers()[StartChild])
                 ->log(reason);
         });
-    if (loaded) {
-        platform().application.setLanguage(languageCode(platform().environment.localeIdentifier()));
+    if (language) {
+        platform().application.setLanguage(*language);
     }
 }
 

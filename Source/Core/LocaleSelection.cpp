@@ -21,8 +21,8 @@ std::string localeDirectory(const std::string& resourcePath, const std::string& 
     return resourcePath + "/" + language + ".lproj";
 }
 
-bool initializeTranslator(Environment& environment,
-                          const std::function<void(const std::string&)>& log) {
+std::optional<std::string>
+initializeTranslator(Environment& environment, const std::function<void(const std::string&)>& log) {
     const std::string resourcePath = environment.resourcePath();
     const std::string language = languageCode(environment.localeIdentifier());
     try {
@@ -30,10 +30,10 @@ bool initializeTranslator(Environment& environment,
         VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser(stringsFileName), language,
                                                  localeDirectory(resourcePath, language),
                                                  stringsFileName);
-        return true;
+        return language;
     } catch (const std::exception& error) {
         log(error.what());
-        return false;
+        return std::nullopt;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "Platform/Services.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace Vexora {
@@ -20,9 +21,10 @@ std::string languageCode(const std::string& localeIdentifier);
 std::string localeDirectory(const std::string& resourcePath, const std::string& language);
 
 /// Hands the translator the catalogue of the current locale's language. When it cannot be loaded,
-/// the texts stay English and `log` gets the reason. \return whether the catalogue was loaded.
+/// the texts stay English and `log` gets the reason. \return the code of the language that the
+/// texts are in, nothing when they stayed English.
 /// \throws only what is not a standard exception.
-bool initializeTranslator(Environment& environment,
-                          const std::function<void(const std::string&)>& log);
+std::optional<std::string> initializeTranslator(Environment& environment,
+                                                const std::function<void(const std::string&)>& log);
 
 } // namespace Vexora

@@ -11,7 +11,7 @@ inline const QColor paper = toQColor(paperColor);
 inline const QColor sheet = toQColor(sheetColor);
 inline const QColor ink = toQColor(inkColor);
 inline const QColor inkOnBlue(0xff, 0xff, 0xff);
-inline const QColor blue(0x3d, 0x70, 0xb3);
+inline const QColor blue = toQColor(blueColor);
 inline const QColor blueHover(0x34, 0x64, 0xa3);
 inline const QColor bluePressed(0x2a, 0x54, 0x8c);
 inline const QColor sheetHover(0xf1, 0xf4, 0xf8);

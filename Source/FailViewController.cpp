@@ -64,10 +64,4 @@ void FailViewController::openTroubleshoot() {
     platform().workspace.openUrl(VEXORA_TROUBLESHOOTING_URL);
 }
 
-void FailViewController::performAction(const std::string& action) {
-    if (action == "openTroubleshoot") {
-        openTroubleshoot();
-    }
-}
-
 } // namespace Vexora

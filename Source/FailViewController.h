@@ -26,14 +26,15 @@ public:
     /// Opens the troubleshooting page in the browser.
     void openTroubleshoot();
 
+    Actions actions() override {
+        return {{"openTroubleshoot", [this] { openTroubleshoot(); }}};
+    }
+
     std::shared_ptr<ImageView> closeIcon() const { return outlet<ImageView>("closeIcon"); }
     std::shared_ptr<TextField> failLabel() const { return outlet<TextField>("failLabel"); }
     std::shared_ptr<TextField> logLabel() const { return outlet<TextField>("logLabel"); }
     const std::string& error() const { return error_; }
     const StyledText& open_logs() const { return open_logs_; }
-
-protected:
-    void performAction(const std::string& action) override;
 
 private:
     std::string error_;

@@ -80,10 +80,4 @@ void InstallViewController::closeAction() {
     platform().application.exit(0);
 }
 
-void InstallViewController::performAction(const std::string& action) {
-    if (action == "closeAction") {
-        closeAction();
-    }
-}
-
 } // namespace Vexora

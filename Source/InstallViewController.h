@@ -35,6 +35,10 @@ public:
     /// Ends the process with status 0, after starting `unmount` when the installation succeeded.
     void closeAction();
 
+    Actions actions() override {
+        return {{"closeAction", [this] { closeAction(); }}};
+    }
+
     std::shared_ptr<TextField> installLabel() const { return outlet<TextField>("installLabel"); }
     std::shared_ptr<ProgressIndicator> installProgress() const { return installProgress_; }
     std::shared_ptr<Button> closeButton() const { return outlet<Button>("closeButton"); }
@@ -49,9 +53,6 @@ public:
     void setIncrement(double value) { model_.increment = value; }
     bool successfulInstall() const { return model_.successfulInstall; }
     void setSuccessfulInstall(bool value) { model_.successfulInstall = value; }
-
-protected:
-    void performAction(const std::string& action) override;
 
 private:
     /// This controller as a shared pointer, for the blocks that it posts.

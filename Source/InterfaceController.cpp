@@ -14,8 +14,11 @@ InterfaceController::~InterfaceController() {
 const std::shared_ptr<View>& InterfaceController::view() {
     if (!interface_) {
         interface_ = platform_.interfaces.load(interfaceName_);
+        const Actions known = actions();
         for (const auto& [action, control] : interface_->actions) {
-            control->onClick([this, name = action] { performAction(name); });
+            if (const auto found = known.find(action); found != known.end()) {
+                control->onClick(found->second);
+            }
         }
         viewDidLoad();
     }

@@ -4,12 +4,17 @@
 
 #include "Platform/Platform.h"
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace Vexora {
+
+/// What the controls of a controller do, by the names that definitions use.
+using Actions = std::map<std::string, std::function<void()>>;
 
 class InterfaceController : public std::enable_shared_from_this<InterfaceController> {
 public:
@@ -43,12 +48,13 @@ public:
         return found ? found : std::make_shared<Kind>();
     }
 
+    /// What the controller's definition may have its controls do. A name that is not among them does
+    /// nothing.
+    virtual Actions actions() { return {}; }
+
 protected:
     /// Runs once, right after the view has been loaded.
     virtual void viewDidLoad() {}
-
-    /// Runs when a control is used whose definition names this action.
-    virtual void performAction(const std::string& /*action*/) {}
 
     Platform& platform() const { return platform_; }
 

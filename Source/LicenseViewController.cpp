@@ -41,10 +41,4 @@ void LicenseViewController::backAction() {
     view()->removeFromSuperview();
 }
 
-void LicenseViewController::performAction(const std::string& action) {
-    if (action == "backAction") {
-        backAction();
-    }
-}
-
 } // namespace Vexora

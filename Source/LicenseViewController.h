@@ -22,14 +22,15 @@ public:
     /// Removes this screen, which uncovers the one before it.
     void backAction();
 
+    Actions actions() override {
+        return {{"backAction", [this] { backAction(); }}};
+    }
+
     std::shared_ptr<TextField> licenseAgreementLabel() const {
         return outlet<TextField>("licenseAgreementLabel");
     }
     std::shared_ptr<ScrollView> licenseText() const { return outlet<ScrollView>("licenseText"); }
     std::shared_ptr<Button> backButton() const { return outlet<Button>("backButton"); }
-
-protected:
-    void performAction(const std::string& action) override;
 };
 
 } // namespace Vexora

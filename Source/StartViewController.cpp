@@ -25,10 +25,4 @@ void StartViewController::startAction() {
     view()->removeFromSuperview();
 }
 
-void StartViewController::performAction(const std::string& action) {
-    if (action == "startAction") {
-        startAction();
-    }
-}
-
 } // namespace Vexora

@@ -17,11 +17,12 @@ public:
     /// Puts the install screen under everything the window shows, and removes this screen for good.
     void startAction();
 
+    Actions actions() override {
+        return {{"startAction", [this] { startAction(); }}};
+    }
+
     std::shared_ptr<TextField> startLabel() const { return outlet<TextField>("startLabel"); }
     std::shared_ptr<Button> startButton() const { return outlet<Button>("startButton"); }
-
-protected:
-    void performAction(const std::string& action) override;
 };
 
 } // namespace Vexora

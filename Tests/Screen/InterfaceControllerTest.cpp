@@ -22,8 +22,12 @@ public:
     explicit Controller(Vexora::Platform& platform)
         : Vexora::InterfaceController(platform, "Sample") {}
 
+    Vexora::Actions actions() override {
+        return {{"act", [this] { ++acts; }}};
+    }
+
     int loads = 0;
-    Lines performed;
+    int acts = 0;
 
 protected:
     void viewDidLoad() override {
@@ -32,7 +36,6 @@ protected:
         EXPECT_NE(view(), nullptr);
         EXPECT_EQ(loads, 1);
     }
-    void performAction(const std::string& action) override { performed.push_back(action); }
 };
 
 class InterfaceController : public testing::Test {
@@ -104,7 +107,14 @@ TEST_F(InterfaceController, controlPerformsTheActionThatItsDefinitionNames) {
     platform.interfaces.view("button")->click();
     platform.interfaces.view("button")->click();
     platform.interfaces.view("label")->click();
-    EXPECT_EQ(controller->performed, (Lines{"act", "act"}));
+    EXPECT_EQ(controller->acts, 2);
+}
+
+TEST_F(InterfaceController, controlWhoseActionNobodyKnowsDoesNothing) {
+    platform.interfaces.definitions["Sample"].actions = {{"dance", "button"}};
+    controller->view();
+    platform.interfaces.view("button")->click();
+    EXPECT_EQ(controller->acts, 0);
 }
 
 TEST_F(InterfaceController, nameWithoutADefinitionGivesAnEmptyView) {

@@ -197,11 +197,12 @@ TEST(TRTools, unescapeConsumesABackslashTogetherWithTheByteBehindIt) {
     EXPECT_EQ(TRTools::unescape("\\\\\\"), "\\\\");
 }
 
-TEST(TRTools, unescapeDoesNotUndoTheLastRowsOfTheTable) {
-    EXPECT_EQ(TRTools::unescape(TRTools::escape("\a\b\t\n\f\r")), "\a\b\t\n\f\r");
+TEST(TRTools, unescapeUndoesEscapeButForVerticalTabAndDoubleQuote) {
+    for (const std::string text : {"\a\b\t\n\f\r", "\\", "\\n", "\\\\x"}) {
+        EXPECT_EQ(TRTools::unescape(TRTools::escape(text)), text);
+    }
     EXPECT_EQ(TRTools::unescape(TRTools::escape("\v")), "v");
     EXPECT_EQ(TRTools::unescape(TRTools::escape("\"")), "\\");
-    EXPECT_EQ(TRTools::unescape(TRTools::escape("\\")), "\\");
 }
 
 TEST(TRTools, localeCountryOfTheEmptyNameIsEmpty) {

@@ -34,7 +34,7 @@ namespace VXLOCAL {
 class KVParser : public Parser {
 public:
     /// Makes a catalogue with an empty table.
-    /// @param name the strings file's name inside its folder, zero-terminated and not null.
+    /// \param name the strings file's name inside its folder, zero-terminated and not null.
     explicit KVParser(const char* name);
 
     ~KVParser() override;
@@ -43,15 +43,15 @@ public:
     /// Takes time in proportion to n log n, n being the bytes of table and file. When reading fails
     /// after the file was opened (a directory can be opened, for one), the lines read completely
     /// until then are kept, and that is no error.
-    /// @throws std::runtime_error "Could not open ", the path and a line feed when the file cannot
+    /// \throws std::runtime_error "Could not open ", the path and a line feed when the file cannot
     ///     be opened; the table stays as it was.
-    /// @throws std::bad_alloc; the table stays as it was.
+    /// \throws std::bad_alloc when memory runs out; the table stays as it was.
     void parse() override;
 
     /// Looks a message up in logarithmic time. Nothing is allocated but the result, unless the key
     /// holds a byte to escape or the value an escape.
-    /// @param key the message identifier in plain text, control characters as themselves.
-    /// @return the value with its escapes interpreted, or the key exactly as passed.
+    /// \param key the message identifier in plain text, control characters as themselves.
+    /// \return the value with its escapes interpreted, or the key exactly as passed.
     std::string getMessage(const std::string& key) const override;
 
 private:

@@ -16,7 +16,7 @@ namespace VXLOCAL {
 class Parser {
 public:
     /// Makes a catalogue with an empty locale and an empty folder.
-    /// @param name the catalogue's file name inside its folder, zero-terminated and not null.
+    /// \param name the catalogue's file name inside its folder, zero-terminated and not null.
     explicit Parser(const char* name);
 
     Parser(const Parser&) = delete;
@@ -26,39 +26,40 @@ public:
 
     /// Reads the file that localeFile() names into the table, on top of what the table already
     /// holds.
-    /// @throws std::runtime_error when the file cannot be read; its text ends in a line feed.
+    /// \throws std::runtime_error when the file cannot be read; its text ends in a line feed.
     virtual void parse() = 0;
 
     /// Looks a message up.
-    /// @param key the message identifier as the program writes it, any bytes.
-    /// @return the translation, or the key itself when the table has none.
+    /// \param key the message identifier as the program writes it, any bytes.
+    /// \return the translation, or the key itself when the table has none.
     virtual std::string getMessage(const std::string& key) const = 0;
 
-    /// Replaces the name of the locale that the catalogue stands for, such as "de" or "pt_BR". The
-    /// file's path does not depend on it, and nothing is read.
+    /// Replaces the name of the locale that the catalogue stands for. The file's path does not
+    /// depend on it, and nothing is read.
+    /// \param name such as "de" or "pt_BR".
     void setLocale(const std::string& name);
 
-    /// @return the name of the locale, empty until one was set.
+    /// \return the name of the locale, empty until one was set.
     std::string getLocale() const;
 
     /// Replaces the folder that holds the catalogue's file; nothing is read.
-    /// @param folder a path without a trailing slash, since one is always put behind it.
+    /// \param folder a path without a trailing slash, since one is always put behind it.
     void setLocaleDir(const std::string& folder);
 
-    /// @return the folder, empty until one was set.
+    /// \return the folder, empty until one was set.
     std::string getLocaleDir() const;
 
-    /// Replaces the catalogue's file name inside its folder; nothing is read.
+    /// Replaces the catalogue's file name; nothing is read.
+    /// \param name the file's name inside its folder.
     void setFilename(std::string name);
 
-    /// @return the file name.
+    /// \return the file name.
     std::string getFilename() const;
 
-    /// @param name a locale name, which has no influence on the result: to read another language's
-    /// file,
-    ///     set that language's folder.
-    /// @return the folder, a slash and the file name, so never empty. Nothing is normalised or
-    /// looked for.
+    /// Joins the path of the catalogue's file; nothing is normalised or looked for.
+    /// \param name a locale name, which has no influence on the result: to read another language's
+    ///     file, set that language's folder.
+    /// \return the folder, a slash and the file name, so never empty.
     std::string localeFile(const std::string& name) const;
 
 private:

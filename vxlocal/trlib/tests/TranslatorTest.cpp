@@ -56,7 +56,7 @@ std::string errorOf(const Call& call) {
 class TranslatorTest : public testing::Test {
 protected:
     /// Writes a language's strings file.
-    /// @return the language's folder.
+    /// \return the language's folder.
     std::string language(const std::string& name, std::string_view strings) {
         return folder().write(name + ".lproj/" + stringsFile, strings).parent_path().string();
     }

@@ -124,14 +124,19 @@ TEST_F(TranslatorTest, nullCatalogueBeforeInitThrowsAndLeavesNoCatalogue) {
     });
 }
 
-TEST_F(TranslatorTest, missingStringsFileThrowsAndTextsStayUntranslatedAndFormatted) {
+TEST_F(TranslatorTest, missingStringsFileThrowsAndTextsStayUntranslatedUntilItIsThere) {
     init("\"Install %d\" = \"Installieren %d\"\n");
     const std::string missing = (folder().path() / "xx.lproj").string();
-    EXPECT_EQ(
-        errorOf([&] { translator().init(new KVParser(stringsFile), "xx", missing, stringsFile); }),
-        "Could not open " + missing + "/" + stringsFile + "\n");
+    auto* parser = new KVParser(stringsFile);
+    EXPECT_EQ(errorOf([&] { translator().init(parser, "xx", missing, stringsFile); }),
+              "Could not open " + missing + "/" + stringsFile + "\n");
     EXPECT_EQ(translator().tr("Install %d", 42), "Install 42");
     EXPECT_EQ(translator().tr("100 %%"), "100 %");
+    ASSERT_EQ(translator().localeDir(), missing);
+    EXPECT_EQ(parser->getLocale(), "xx");
+    language("xx", "\"Install %d\" = \"Installer %d\"\n");
+    translator().setLocale("xx");
+    EXPECT_EQ(translator().tr("Install %d", 42), "Installer 42");
 }
 
 TEST_F(TranslatorTest, translationIsFormattedWithTheArguments) {
@@ -223,13 +228,16 @@ TEST_F(TranslatorTest, setLocaleParsesAgainAndSetLocaleDirDoesNot) {
     init("");
 }
 
-TEST_F(TranslatorTest, setLocaleThrowsForAMissingFileAndKeepsTheTranslations) {
-    init("\"Install\" = \"Installieren\"\n");
+TEST_F(TranslatorTest, setLocaleThrowsForAMissingFileAndKeepsTheTranslationsAndTheNewName) {
+    auto* parser = new KVParser(stringsFile);
+    translator().init(parser, "de", language("de", "\"Install\" = \"Installieren\"\n"),
+                      stringsFile);
     const std::string missing = (folder().path() / "xx.lproj").string();
     translator().setLocaleDir(missing);
     EXPECT_EQ(errorOf([] { translator().setLocale("xx"); }),
               "Could not open " + missing + "/" + stringsFile + "\n");
     EXPECT_EQ(translator().tr("Install"), "Installieren");
+    EXPECT_EQ(parser->getLocale(), "xx");
 }
 
 TEST_F(TranslatorTest, getMessageAsksTheCatalogueAndFormatsNothing) {

@@ -59,48 +59,34 @@ private:
 
 } // namespace
 
-TEST(TRTools, splitsTheEmptyTextIntoNoPieces) {
-    EXPECT_EQ(TRTools::split("", "_"), Pieces());
-}
-
-TEST(TRTools, splitsALocaleNameIntoLanguageAndRegion) {
-    EXPECT_EQ(TRTools::split("pt_BR", "_"), (Pieces{"pt", "BR"}));
-}
-
-TEST(TRTools, splitDropsATrailingEmptyPiece) {
-    EXPECT_EQ(TRTools::split("a_", "_"), Pieces{"a"});
-    EXPECT_EQ(TRTools::split("a__", "_"), (Pieces{"a", ""}));
-}
-
-TEST(TRTools, splitsALoneSeparatorIntoOneEmptyPiece) {
-    EXPECT_EQ(TRTools::split("_", "_"), Pieces{""});
-}
-
-TEST(TRTools, splitKeepsLeadingAndInnerEmptyPieces) {
-    EXPECT_EQ(TRTools::split("_BR", "_"), (Pieces{"", "BR"}));
-    EXPECT_EQ(TRTools::split("a__b", "_"), (Pieces{"a", "", "b"}));
-}
-
-TEST(TRTools, splitOfATextWithoutTheSeparatorIsTheText) {
-    EXPECT_EQ(TRTools::split("pt-BR", "_"), Pieces{"pt-BR"});
-    EXPECT_EQ(TRTools::split("a", "ab"), Pieces{"a"});
-}
-
-TEST(TRTools, splitsAtWholeOccurrencesOfALongSeparatorOnly) {
-    EXPECT_EQ(TRTools::split("\"a\" = \"b\"", pairSeparator), (Pieces{"\"a", "b\""}));
-    EXPECT_EQ(TRTools::split("\"a\"= \"b\"", pairSeparator), Pieces{"\"a\"= \"b\""});
-    EXPECT_EQ(TRTools::split("\" = ", pairSeparator), Pieces{"\" = "});
-}
-
-TEST(TRTools, splitFindsOccurrencesFromTheFrontWithoutOverlap) {
-    EXPECT_EQ(TRTools::split("\" = \" = \"", pairSeparator), (Pieces{"", " = \""}));
-    EXPECT_EQ(TRTools::split("aaa", "aa"), (Pieces{"", "a"}));
-}
-
-TEST(TRTools, splitTakesZeroBytesAsBytes) {
+TEST(TRTools, splitsAtWholeOccurrencesFromTheFrontAndDropsATrailingEmptyPiece) {
+    struct Case {
+        std::string text;
+        std::string separator;
+        Pieces pieces;
+    };
     const std::string zero(1, '\0');
-    EXPECT_EQ(TRTools::split("a" + zero + "b", zero), (Pieces{"a", "b"}));
-    EXPECT_EQ(TRTools::split("a" + zero + "_b", "_"), (Pieces{"a" + zero, "b"}));
+    const std::vector<Case> cases = {
+        {"", "_", {}},
+        {"pt_BR", "_", {"pt", "BR"}},
+        {"pt-BR", "_", {"pt-BR"}},
+        {"a_", "_", {"a"}},
+        {"a__", "_", {"a", ""}},
+        {"_", "_", {""}},
+        {"_BR", "_", {"", "BR"}},
+        {"a__b", "_", {"a", "", "b"}},
+        {"a", "ab", {"a"}},
+        {"aaa", "aa", {"", "a"}},
+        {"\"a\" = \"b\"", pairSeparator, {"\"a", "b\""}},
+        {"\"a\"= \"b\"", pairSeparator, {"\"a\"= \"b\""}},
+        {"\" = ", pairSeparator, {"\" = "}},
+        {"\" = \" = \"", pairSeparator, {"", " = \""}},
+        {"a" + zero + "b", zero, {"a", "b"}},
+        {"a" + zero + "_b", "_", {"a" + zero, "b"}},
+    };
+    for (const Case& given : cases) {
+        EXPECT_EQ(TRTools::split(given.text, given.separator), given.pieces) << given.text;
+    }
 }
 
 TEST(TRTools, splitsALongTextIntoMillionsOfPieces) {
@@ -112,48 +98,30 @@ TEST(TRTools, splitsALongTextIntoMillionsOfPieces) {
     EXPECT_EQ(TRTools::split(text, "_"), Pieces(count, "a"));
 }
 
-TEST(TRTools, trimmingQuotesFromTwoQuotesLeavesNothing) {
-    EXPECT_EQ(TRTools::trim("\"\"", "\"", false), "");
-}
-
-TEST(TRTools, trimmingWhitespaceNeedsNoFurtherCharacters) {
-    EXPECT_EQ(TRTools::trim("  x  ", "", true), "x");
-}
-
-TEST(TRTools, trimmingQuotesLeavesSpaces) {
-    EXPECT_EQ(TRTools::trim("  x", "\"", false), "  x");
-}
-
-TEST(TRTools, trimmingAnEmptySetLeavesTheTextUnchanged) {
-    EXPECT_EQ(TRTools::trim(" \"x\" ", "", false), " \"x\" ");
-    EXPECT_EQ(TRTools::trim("", "", false), "");
-}
-
-TEST(TRTools, trimmingRemovesAllSixKindsOfWhitespaceAndTheCharacters) {
-    EXPECT_EQ(TRTools::trim(" \t\n\r\f\v\"x\"\v\f\r\n\t ", "\"", true), "x");
-    EXPECT_EQ(TRTools::trim(" \t\n\r\f\v", "", true), "");
-    EXPECT_EQ(TRTools::trim("\b x", "", true), "\b x");
-}
-
-TEST(TRTools, trimmingNeverTouchesTheInside) {
-    EXPECT_EQ(TRTools::trim("\"a \" b\"", "\"", true), "a \" b");
-}
-
-TEST(TRTools, trimmingComparesBytes) {
-    EXPECT_EQ(TRTools::trim("\xC3\xA4x", "\xC3", false), "\xA4x");
-    EXPECT_EQ(TRTools::trim(std::string("\0x\0", 3), std::string(1, '\0'), false), "x");
-}
-
-TEST(TRTools, escapesALineFeedAsBackslashN) {
-    EXPECT_EQ(TRTools::escape("a\nb"), "a\\nb");
-}
-
-TEST(TRTools, unescapesBackslashNAsALineFeed) {
-    EXPECT_EQ(TRTools::unescape("a\\nb"), "a\nb");
-}
-
-TEST(TRTools, unescapesBackslashVAsTheLetter) {
-    EXPECT_EQ(TRTools::unescape("\\v"), "v");
+TEST(TRTools, trimsBytesOfTheSetFromBothEndsOnly) {
+    struct Case {
+        std::string text;
+        std::string characters;
+        bool whitespace;
+        std::string trimmed;
+    };
+    const std::vector<Case> cases = {
+        {"\"\"", "\"", false, ""},
+        {"  x  ", "", true, "x"},
+        {"  x", "\"", false, "  x"},
+        {" \"x\" ", "", false, " \"x\" "},
+        {"", "", false, ""},
+        {" \t\n\r\f\v\"x\"\v\f\r\n\t ", "\"", true, "x"},
+        {" \t\n\r\f\v", "", true, ""},
+        {"\b x", "", true, "\b x"},
+        {"\"a \" b\"", "\"", true, "a \" b"},
+        {"\xC3\xA4x", "\xC3", false, "\xA4x"},
+        {std::string("\0x\0", 3), std::string(1, '\0'), false, "x"},
+    };
+    for (const Case& given : cases) {
+        EXPECT_EQ(TRTools::trim(given.text, given.characters, given.whitespace), given.trimmed)
+            << given.text;
+    }
 }
 
 TEST(TRTools, unescapeKeepsASingleTrailingBackslash) {
@@ -168,7 +136,7 @@ TEST(TRTools, escapesEveryByteOfTheTableAndNoOther) {
         for (const auto& [plain, escaped] : escapeTable) {
             expected = plain == byte ? escaped : expected;
         }
-        EXPECT_EQ(TRTools::escape(byte), expected) << value;
+        EXPECT_EQ(TRTools::escape("a" + byte + "b"), "a" + expected + "b") << value;
         EXPECT_EQ(TRTools::needsEscape(byte), expected != byte) << value;
     }
 }
@@ -187,7 +155,8 @@ TEST(TRTools, unescapesTheSevenLettersAndDropsEveryOtherByte) {
         const char byte = static_cast<char>(value);
         const std::size_t letter = letters.find(byte);
         const char expected = letter == std::string::npos ? '\\' : meanings[letter];
-        EXPECT_EQ(TRTools::unescape(std::string{'\\', byte}), std::string(1, expected)) << value;
+        EXPECT_EQ(TRTools::unescape({'a', '\\', byte, 'b'}), (std::string{'a', expected, 'b'}))
+            << value;
     }
 }
 
@@ -205,15 +174,8 @@ TEST(TRTools, unescapeUndoesEscapeButForVerticalTabAndDoubleQuote) {
     EXPECT_EQ(TRTools::unescape(TRTools::escape("\"")), "\\");
 }
 
-TEST(TRTools, localeCountryOfTheEmptyNameIsEmpty) {
-    EXPECT_EQ(TRTools::localeCountry(""), "");
-}
-
-TEST(TRTools, localeHasRegionIsFalseForTheEmptyName) {
-    EXPECT_FALSE(TRTools::localeHasRegion(""));
-}
-
 TEST(TRTools, localeCountryIsTheLanguage) {
+    EXPECT_EQ(TRTools::localeCountry(""), "");
     EXPECT_EQ(TRTools::localeCountry("pt_BR"), "pt");
     EXPECT_EQ(TRTools::localeCountry("de"), "de");
     EXPECT_EQ(TRTools::localeCountry("_BR"), "");
@@ -225,15 +187,18 @@ TEST(TRTools, localeHasRegionWhenThereIsMoreThanOnePiece) {
     EXPECT_TRUE(TRTools::localeHasRegion("pt_BR"));
     EXPECT_TRUE(TRTools::localeHasRegion("_BR"));
     EXPECT_TRUE(TRTools::localeHasRegion("pt__"));
+    EXPECT_FALSE(TRTools::localeHasRegion(""));
     EXPECT_FALSE(TRTools::localeHasRegion("pt"));
     EXPECT_FALSE(TRTools::localeHasRegion("pt_"));
     EXPECT_FALSE(TRTools::localeHasRegion("pt-BR"));
 }
 
-TEST(TRTools, dirExistsIsFalseForARegularFile) {
+TEST(TRTools, dirExistsIsTrueForADirectoryAndFalseForARegularFile) {
     const TemporaryFolder folder;
     const std::string file = folder.write("file", "").string();
     EXPECT_FALSE(TRTools::dirExists(file));
+    EXPECT_TRUE(TRTools::dirExists(folder.path().string()));
+    EXPECT_TRUE(TRTools::pathExists(folder.path().string()));
     EXPECT_TRUE(TRTools::pathExists(file));
 }
 
@@ -246,12 +211,6 @@ TEST(TRTools, pathExistsAndDirExistsAreFalseForAMissingPath) {
     EXPECT_FALSE(TRTools::dirExists(""));
 }
 
-TEST(TRTools, pathExistsAndDirExistsAreTrueForADirectory) {
-    const TemporaryFolder folder;
-    EXPECT_TRUE(TRTools::pathExists(folder.path().string()));
-    EXPECT_TRUE(TRTools::dirExists(folder.path().string()));
-}
-
 TEST(TRTools, pathExistsAndDirExistsFollowSymbolicLinks) {
     const TemporaryFolder folder;
     const std::string link = (folder.path() / "link").string();
@@ -259,6 +218,7 @@ TEST(TRTools, pathExistsAndDirExistsFollowSymbolicLinks) {
     std::filesystem::create_directory_symlink(folder.path(), link);
     std::filesystem::create_symlink("missing", broken);
     EXPECT_TRUE(TRTools::dirExists(link));
+    EXPECT_TRUE(TRTools::pathExists(link));
     EXPECT_FALSE(TRTools::pathExists(broken));
 }
 
@@ -277,25 +237,16 @@ TEST(TRTools, dirExistsTestsOneBitThatSocketsHaveToo) {
     EXPECT_TRUE(TRTools::dirExists(path));
 }
 
-TEST(TRTools, printBytesWritesTheTextAndEachByteOnItsOwnFlushedLine) {
-    CountingBuffer buffer;
-    {
-        const StandardOutput redirected(buffer);
-        TRTools::printBytes("a1\xC3\xA4");
-    }
-    EXPECT_EQ(buffer.str(), "Printing bytes of: a1\xC3\xA4\na\n1\n\xC3\n\xA4\n");
-    EXPECT_EQ(buffer.flushes, 5);
-}
-
-TEST(TRTools, printBytesLeavesStandardOutputInHexadecimal) {
+TEST(TRTools, printBytesWritesTheTextAndEachByteOnItsOwnFlushedLineAndLeavesHexadecimal) {
     CountingBuffer buffer;
     {
         const StandardOutput redirected(buffer);
         std::cout << std::dec;
-        TRTools::printBytes("a");
+        TRTools::printBytes("a1\xC3\xA4");
         std::cout << 255;
     }
-    EXPECT_EQ(buffer.str(), "Printing bytes of: a\na\nff");
+    EXPECT_EQ(buffer.str(), "Printing bytes of: a1\xC3\xA4\na\n1\n\xC3\n\xA4\nff");
+    EXPECT_EQ(buffer.flushes, 5);
 }
 
 TEST(TRTools, printBytesOfTheEmptyTextLeavesTheNumberBaseAlone) {

@@ -1,6 +1,6 @@
 #include "AppKit/AppKitFixture.h"
 
-#include "Support/Catalogue.h"
+#include "Support/Translations.h"
 
 #include <kvparser.h>
 

@@ -1,8 +1,8 @@
 #include "Core/LocaleSelection.h"
 
 #include "Platform/Recording/RecordingPlatform.h"
-#include "Support/Catalogue.h"
 #include "Support/TemporaryFolder.h"
+#include "Support/Translations.h"
 
 #include <tr.h>
 

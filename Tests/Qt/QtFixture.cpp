@@ -2,7 +2,7 @@
 
 #include "Platform/Qt/Picture.h"
 #include "Platform/Qt/Views.h"
-#include "Support/Catalogue.h"
+#include "Support/Translations.h"
 
 #include <QApplication>
 #include <QTest>

@@ -7,8 +7,8 @@
 #include "LicenseViewController.h"
 #include "Platform/Recording/RecordingPlatform.h"
 #include "StartViewController.h"
-#include "Support/Catalogue.h"
 #include "Support/TemporaryFolder.h"
+#include "Support/Translations.h"
 #include "ViewController.h"
 
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 #include "kvparser.h"
 #include "tr.h"
 
-#include "Support/MessageIdentifiers.h"
+#include "FileRules.h"
 #include "Support/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -47,8 +47,8 @@ constexpr int supply = repetitions * loadsPerRepetition;
 constexpr const char* argumentPart = " (%d %%)";
 constexpr std::size_t bufferSize = 1000;
 
-const std::vector<std::string> identifiers(TestSupport::messageIdentifiers.begin(),
-                                           TestSupport::messageIdentifiers.end());
+const CheckStrings::Keys identifiers =
+    CheckStrings::readKeys(RESOURCES "/en.lproj/Localizable.strings");
 
 using Texts = std::map<std::string, std::string>;
 
@@ -167,7 +167,7 @@ void loadOurs(benchmark::State& state) {
     for (auto _ : state) {
         Translator::getInstance()->init(new KVParser(stringsFile), "de",
                                         loadFolder(load++ % supply), stringsFile);
-        benchmark::DoNotOptimize(Translator::getInstance()->getMessage(identifiers[0]));
+        benchmark::DoNotOptimize(Translator::getInstance()->getMessage(*identifiers.begin()));
     }
 }
 
@@ -180,8 +180,8 @@ void loadGettext(benchmark::State& state) {
         const int load = setup->loadsOfGettext++;
         const std::string domain = loadDomain(load);
         bindtextdomain(domain.c_str(), loadFolder(load).c_str());
-        const char* message = dgettext(domain.c_str(), identifiers[0].c_str());
-        if (message == identifiers[0].c_str()) {
+        const char* message = dgettext(domain.c_str(), identifiers.begin()->c_str());
+        if (message == identifiers.begin()->c_str()) {
             state.SkipWithError("gettext loaded nothing");
             break;
         }

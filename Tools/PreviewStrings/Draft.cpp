@@ -4,7 +4,6 @@
 #include "Core/LocaleSelection.h"
 #include "FileRules.h"
 #include "PseudoText.h"
-#include "Support/MessageIdentifiers.h"
 
 #include <kvparser.h>
 
@@ -19,12 +18,16 @@
 namespace Gallery {
 namespace {
 
-using TestSupport::messageIdentifiers;
+/// The keys of all texts that the program shows.
+const CheckStrings::Keys& programKeys() {
+    static const CheckStrings::Keys keys =
+        CheckStrings::readKeys(STAGED_RESOURCES "/en.lproj/Localizable.strings");
+    return keys;
+}
 
 /// How the line of a text begins.
-QByteArray lineStart(std::string_view identifier) {
-    return '"' + QByteArray(identifier.data(), static_cast<qsizetype>(identifier.size())) +
-           "\" = \"";
+QByteArray lineStart(const std::string& key) {
+    return '"' + QByteArray::fromStdString(key) + "\" = \"";
 }
 
 QString quoted(const std::string& text) {
@@ -68,9 +71,8 @@ QString Draft::obstacle(const QByteArray& bytes) {
     if (decoder.hasError()) {
         return "is not valid UTF-8.";
     }
-    const bool holdsAny =
-        std::any_of(messageIdentifiers.begin(), messageIdentifiers.end(),
-                    [&](std::string_view one) { return bytes.contains(lineStart(one)); });
+    const bool holdsAny = std::ranges::any_of(
+        programKeys(), [&](const std::string& key) { return bytes.contains(lineStart(key)); });
     return holdsAny ? QString()
                     : "holds none of the program's texts. A line reads \"English text\" = "
                       "\"Translation\".";
@@ -81,13 +83,12 @@ QByteArray Draft::corrections() {
     catalogue.setLocaleDir((folder_.path() / (code_ + ".lproj")).string());
     catalogue.parse();
     QByteArray lines;
-    for (const std::string_view identifier : messageIdentifiers) {
-        const std::string key(identifier);
+    for (const std::string& key : programKeys()) {
         const std::string text = catalogue.getMessage(key);
         if (conversions(text) != conversions(key)) {
             // Formatting would look for arguments that are not there. Of several lines the last
             // counts.
-            lines += lineStart(identifier) + QByteArray::fromStdString(key) + "\"\n";
+            lines += lineStart(key) + QByteArray::fromStdString(key) + "\"\n";
             remarks_.append(
                 QString("%1 stays English: a percent sign is written doubled, but not in %2.")
                     .arg(quoted(key), quoted(text)));
@@ -98,8 +99,7 @@ QByteArray Draft::corrections() {
 
 void Draft::checkRules(const std::filesystem::path& file) {
     CheckStrings::Findings findings;
-    CheckStrings::checkStringsFile(file, {messageIdentifiers.begin(), messageIdentifiers.end()},
-                                   findings);
+    CheckStrings::checkStringsFile(file, programKeys(), findings);
     std::sort(findings.begin(), findings.end());
     QStringList missing;
     for (const CheckStrings::Finding& finding : findings) {

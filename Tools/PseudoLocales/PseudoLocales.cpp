@@ -3,8 +3,8 @@
 // folder: xa is accented English, xr the same from right to left, and xl takes each message from
 // the language with the widest word in it, and of several such the one that is the widest as a
 // whole. The licence of xl is the one with the most characters. Licences are written in UTF-8.
+#include "FileRules.h"
 #include "PseudoText.h"
-#include "Support/MessageIdentifiers.h"
 #include "TextWidth.h"
 
 #include <kvparser.h>
@@ -63,10 +63,10 @@ void write(const fs::path& file, const std::string& bytes) {
     }
 }
 
-void writeStrings(const fs::path& folder, const std::string& code, const Text& text) {
+void writeStrings(const fs::path& folder, const std::string& code, const CheckStrings::Keys& keys,
+                  const Text& text) {
     std::string bytes;
-    for (const std::string_view identifier : TestSupport::messageIdentifiers) {
-        const std::string key(identifier);
+    for (const std::string& key : keys) {
         const std::string value = text(key);
         if (value.find_first_of("\n\r\t\\") != std::string::npos) {
             throw std::runtime_error("a text that would need escapes: " + value);
@@ -79,12 +79,14 @@ void writeStrings(const fs::path& folder, const std::string& code, const Text& t
 void make(const fs::path& resources, const fs::path& folder,
           const std::vector<std::string>& codes) {
     const auto english = catalogue(resources, "en");
+    const CheckStrings::Keys keys =
+        CheckStrings::readKeys(resources / "en.lproj" / "Localizable.strings");
     const std::string englishLicence = licence(resources, "en");
     const std::pair<std::string, Text> pseudoLocales[] = {
         {ACCENTED_TEXTS, Gallery::accented}, {RIGHT_TO_LEFT_TEXTS, Gallery::rightToLeft}};
     for (const auto& [code, made] : pseudoLocales) {
         const Text& change = made;
-        writeStrings(folder, code,
+        writeStrings(folder, code, keys,
                      [&](const std::string& key) { return change(english->getMessage(key)); });
         write(folder / ("LA_" + code + ".txt"), byParagraph(englishLicence, made));
     }
@@ -98,7 +100,7 @@ void make(const fs::path& resources, const fs::path& folder,
             longestLicence = text;
         }
     }
-    writeStrings(folder, LONGEST_TEXTS, [&](const std::string& key) {
+    writeStrings(folder, LONGEST_TEXTS, keys, [&](const std::string& key) {
         std::string widest;
         Gallery::TextWidth width;
         for (const auto& parser : catalogues) {

@@ -1,4 +1,4 @@
-// Chooses the language of the user interface from the current locale and loads its strings file.
+// Chooses the language of all texts from the current locale and loads its strings file.
 // Main thread, before any text is translated.
 #pragma once
 

@@ -1,5 +1,4 @@
-// What the application asks of the desktop and the system around it, one small interface per
-// service.
+// What the application asks of the desktop and the system around it, one small class per service.
 #pragma once
 
 #include <string>

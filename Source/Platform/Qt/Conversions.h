@@ -17,8 +17,8 @@ QString toQString(const std::string& text);
 
 QColor toQColor(const Color& color);
 
-/// The typeface of that name when the system or the folder of fonts has it, otherwise the interface
-/// font, in semibold when the name asks for it. The size is taken in points.
+/// The typeface of that name when the system or the folder of fonts has it, otherwise the desktop's,
+/// in semibold when the name asks for it. The size is taken in points.
 QFont toQFont(const Font& font);
 
 /// The formats of a text's runs, with positions in the text that toQString makes of its characters.

@@ -17,6 +17,7 @@
 #include <thread>
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 using TestSupport::SignalTimer;
 using TestSupport::TemporaryFolder;
 using TestSupport::waitFor;
@@ -28,15 +29,12 @@ class PosixFileSystem : public testing::Test {
 protected:
     std::string pathOf(const std::string& name) const { return folder.path() / name; }
 
-    TemporaryFolder folder;
-    Vexora::PosixFileSystem files;
-};
-
-class PosixFileSystemText : public PosixFileSystem {
-protected:
     std::optional<std::string> textOf(const std::string& bytes) {
         return files.utf16TextOfFile(folder.write("text", bytes));
     }
+
+    TemporaryFolder folder;
+    Vexora::PosixFileSystem files;
 };
 
 /// The permission bits of what lies at the path.
@@ -85,20 +83,14 @@ TEST_F(PosixFileSystem, anythingAtThePathExists) {
     folder.write("file", "");
     fs::create_directory(folder.path() / "folder");
     fs::create_symlink("file", folder.path() / "link");
-    EXPECT_TRUE(files.fileExistsAtPath(pathOf("file")));
-    EXPECT_TRUE(files.fileExistsAtPath(pathOf("folder")));
-    EXPECT_TRUE(files.fileExistsAtPath(pathOf("link")));
-    EXPECT_TRUE(files.fileExistsAtPath("/"));
-}
-
-TEST_F(PosixFileSystem, whatIsMissingDoesNotExist) {
-    folder.write("file", "");
-    fs::create_symlink("nowhere", folder.path() / "link");
-    EXPECT_FALSE(files.fileExistsAtPath(pathOf("missing")));
-    EXPECT_FALSE(files.fileExistsAtPath(pathOf("file/below")));
-    EXPECT_FALSE(files.fileExistsAtPath(pathOf("link")));
-    EXPECT_FALSE(files.fileExistsAtPath(pathOf(std::string(5000, 'x'))));
-    EXPECT_FALSE(files.fileExistsAtPath(""));
+    fs::create_symlink("nowhere", folder.path() / "dangling");
+    for (const std::string& path : {pathOf("file"), pathOf("folder"), pathOf("link"), "/"s}) {
+        EXPECT_TRUE(files.fileExistsAtPath(path)) << path;
+    }
+    for (const std::string& path : {pathOf("missing"), pathOf("file/below"), pathOf("dangling"),
+                                    pathOf(std::string(5000, 'x')), ""s}) {
+        EXPECT_FALSE(files.fileExistsAtPath(path)) << path;
+    }
 }
 
 TEST_F(PosixFileSystem, whatLiesInALockedFolderDoesNotExistForTheUser) {
@@ -112,13 +104,11 @@ TEST_F(PosixFileSystem, whatLiesInALockedFolderDoesNotExistForTheUser) {
 }
 
 TEST_F(PosixFileSystem, createsAFolderWithAllMissingFoldersAboveIt) {
-    EXPECT_FALSE(files.createDirectoryAtPath(pathOf("Library/Logs/Vexora_Lumiq")));
-    EXPECT_TRUE(fs::is_directory(folder.path() / "Library/Logs/Vexora_Lumiq"));
-}
-
-TEST_F(PosixFileSystem, createsFoldersWithSpacesAndLettersOutsideAscii) {
-    EXPECT_FALSE(files.createDirectoryAtPath(pathOf("J\u00f8rn M\u00fcller/\u65e5\u672c \"x\"")));
-    EXPECT_TRUE(fs::is_directory(folder.path() / "J\u00f8rn M\u00fcller/\u65e5\u672c \"x\""));
+    for (const char* path :
+         {"Library/Logs/Vexora_Lumiq", "J\u00f8rn M\u00fcller/\u65e5\u672c \"x\""}) {
+        EXPECT_FALSE(files.createDirectoryAtPath(pathOf(path))) << path;
+        EXPECT_TRUE(fs::is_directory(folder.path() / path)) << path;
+    }
 }
 
 TEST_F(PosixFileSystem, anExistingFolderIsNoFailure) {
@@ -156,8 +146,7 @@ TEST_F(PosixFileSystem, somethingElseInThePlaceOfAFolderIsAnError) {
 }
 
 TEST_F(PosixFileSystem, whatTheSystemRefusesIsAnError) {
-    for (const std::string& path :
-         {pathOf(std::string(300, 'x')), std::string(), std::string("/proc/vexora/log")}) {
+    for (const std::string& path : {pathOf(std::string(300, 'x')), ""s, "/proc/vexora/log"s}) {
         EXPECT_TRUE(files.createDirectoryAtPath(path)) << path;
     }
 }
@@ -183,12 +172,11 @@ TEST_F(PosixFileSystem, emptiesAnExistingFile) {
 
 TEST_F(PosixFileSystem, tellsWhenAFileCannotBeCreated) {
     folder.write("file", "kept");
-    EXPECT_FALSE(files.createFileAtPath(pathOf("missing/file")));
-    EXPECT_FALSE(files.createFileAtPath(pathOf("file/below")));
-    EXPECT_FALSE(files.createFileAtPath(folder.path()));
-    EXPECT_FALSE(files.createFileAtPath(pathOf(std::string(300, 'x'))));
-    EXPECT_FALSE(files.createFileAtPath("/proc/vexora"));
-    EXPECT_FALSE(files.createFileAtPath(""));
+    for (const std::string& path :
+         {pathOf("missing/file"), pathOf("file/below"), folder.path().string(),
+          pathOf(std::string(300, 'x')), "/proc/vexora"s, ""s}) {
+        EXPECT_FALSE(files.createFileAtPath(path)) << path;
+    }
     EXPECT_EQ(folder.read("file"), "kept");
 }
 
@@ -205,8 +193,8 @@ TEST_F(PosixFileSystem, successiveWritesFollowOneAnother) {
     const auto handle = files.fileHandleForWritingAtPath(pathOf("file"));
     handle->writeData("abc");
     handle->writeData("");
-    handle->writeData(std::string("d\0f", 3));
-    EXPECT_EQ(folder.read("file"), std::string("abcd\0f", 6));
+    handle->writeData("d\0f"s);
+    EXPECT_EQ(folder.read("file"), "abcd\0f"s);
 }
 
 TEST_F(PosixFileSystem, seeksToTheEndAsItIsThen) {
@@ -234,7 +222,7 @@ TEST_F(PosixFileSystem, thereIsNoHandleForWhatCannotBeOpened) {
     folder.write("file", "");
     const std::string running = fs::read_symlink("/proc/self/exe");
     for (const std::string& path : {pathOf("missing"), pathOf("file/below"), pathOf("."),
-                                    pathOf(std::string(300, 'x')), std::string(), running}) {
+                                    pathOf(std::string(300, 'x')), ""s, running}) {
         EXPECT_EQ(files.fileHandleForWritingAtPath(path), nullptr) << path;
         EXPECT_EQ(files.fileHandleForUpdatingAtPath(path), nullptr) << path;
     }
@@ -321,60 +309,45 @@ TEST_F(PosixFileSystem, writesEverythingInSpiteOfSignalsAndShortWrites) {
     EXPECT_TRUE(received == sent);
 }
 
-TEST_F(PosixFileSystemText, readsBothByteOrders) {
-    const std::string bigEndian("\xFE\xFF\x00H\x00i\x20\xAC\x00\n", 10);
-    const std::string littleEndian("\xFF\xFEH\x00i\x00\xAC\x20\n\x00", 10);
-    EXPECT_EQ(textOf(bigEndian), "Hi\u20ac\n");
-    EXPECT_EQ(textOf(littleEndian), "Hi\u20ac\n");
+TEST_F(PosixFileSystem, readsWhatFollowsTheByteOrderMark) {
+    const std::pair<std::string, std::string> texts[] = {
+        {"\xFE\xFF\x00H\x00i\x20\xAC\x00\n"s, "Hi\u20ac\n"},
+        {"\xFF\xFEH\x00i\x00\xAC\x20\n\x00"s, "Hi\u20ac\n"},
+        // Pairs of surrogates and zero characters.
+        {"\xFE\xFF\xD8\x3D\xDE\x00\x00\x00\x00x"s, "\xF0\x9F\x98\x80\x00x"s},
+        {"\xFF\xFE\xFF\xDB\xFF\xDF", "\xF4\x8F\xBF\xBF"},
+        // Only the first mark is taken away.
+        {"\xFE\xFF\xFE\xFF", "\xEF\xBB\xBF"},
+        {"\xFF\xFE\xFF\xFE", "\xEF\xBB\xBF"},
+        {"\xFF\xFE", ""},
+        {"\xFE\xFF", ""}};
+    for (const auto& [bytes, text] : texts) {
+        EXPECT_EQ(textOf(bytes), text);
+    }
 }
 
-TEST_F(PosixFileSystemText, readsPairsOfSurrogatesAndZeroCharacters) {
-    EXPECT_EQ(textOf(std::string("\xFE\xFF\xD8\x3D\xDE\x00\x00\x00\x00x", 10)),
-              std::string("\xF0\x9F\x98\x80\x00x", 6));
-    EXPECT_EQ(textOf("\xFF\xFE\xFF\xDB\xFF\xDF"), "\xF4\x8F\xBF\xBF");
+TEST_F(PosixFileSystem, whatIsNoUtf16WithAMarkIsNoText) {
+    for (const std::string& bytes :
+         {// Without a mark.
+          ""s, "\xFF"s, "H\x00i\x00"s, "plain text"s, "\xEF\xBB\xBFplain text"s,
+          // An odd number of bytes.
+          "\xFF\xFEH\x00i"s, "\xFE\xFF\x20"s,
+          // Lone surrogates.
+          "\xFE\xFF\xD8\x00\x00x"s, "\xFE\xFF\xD8\x00"s, "\xFE\xFF\xDC\x00\x00x"s,
+          "\xFF\xFE\x00\xD8x\x00"s, "\xFF\xFE\x00\xDC"s}) {
+        EXPECT_EQ(textOf(bytes), std::nullopt) << testing::PrintToString(bytes);
+    }
 }
 
-TEST_F(PosixFileSystemText, onlyTheFirstMarkIsTakenAway) {
-    EXPECT_EQ(textOf("\xFE\xFF\xFE\xFF"), "\xEF\xBB\xBF");
-    EXPECT_EQ(textOf("\xFF\xFE\xFF\xFE"), "\xEF\xBB\xBF");
-}
-
-TEST_F(PosixFileSystemText, aMarkAloneIsAnEmptyText) {
-    EXPECT_EQ(textOf("\xFF\xFE"), "");
-    EXPECT_EQ(textOf("\xFE\xFF"), "");
-}
-
-TEST_F(PosixFileSystemText, withoutAMarkThereIsNoText) {
-    EXPECT_EQ(textOf(""), std::nullopt);
-    EXPECT_EQ(textOf("\xFF"), std::nullopt);
-    EXPECT_EQ(textOf(std::string("H\x00i\x00", 4)), std::nullopt);
-    EXPECT_EQ(textOf("plain text"), std::nullopt);
-    EXPECT_EQ(textOf("\xEF\xBB\xBFplain text"), std::nullopt);
-}
-
-TEST_F(PosixFileSystemText, anOddNumberOfBytesIsNoText) {
-    EXPECT_EQ(textOf(std::string("\xFF\xFEH\x00i", 5)), std::nullopt);
-    EXPECT_EQ(textOf("\xFE\xFF\x20"), std::nullopt);
-}
-
-TEST_F(PosixFileSystemText, aLoneSurrogateIsNoText) {
-    EXPECT_EQ(textOf(std::string("\xFE\xFF\xD8\x00\x00x", 6)), std::nullopt);
-    EXPECT_EQ(textOf(std::string("\xFE\xFF\xD8\x00", 4)), std::nullopt);
-    EXPECT_EQ(textOf(std::string("\xFE\xFF\xDC\x00\x00x", 6)), std::nullopt);
-    EXPECT_EQ(textOf(std::string("\xFF\xFE\x00\xD8x\x00", 6)), std::nullopt);
-    EXPECT_EQ(textOf(std::string("\xFF\xFE\x00\xDC", 4)), std::nullopt);
-}
-
-TEST_F(PosixFileSystemText, whatCannotBeReadIsNoText) {
+TEST_F(PosixFileSystem, whatCannotBeReadIsNoText) {
     folder.write("file", "");
-    EXPECT_EQ(files.utf16TextOfFile(pathOf("missing")), std::nullopt);
-    EXPECT_EQ(files.utf16TextOfFile(pathOf("file/below")), std::nullopt);
-    EXPECT_EQ(files.utf16TextOfFile(folder.path()), std::nullopt);
-    EXPECT_EQ(files.utf16TextOfFile("/proc/self/mem"), std::nullopt);
-    EXPECT_EQ(files.utf16TextOfFile(""), std::nullopt);
+    for (const std::string& path : {pathOf("missing"), pathOf("file/below"), folder.path().string(),
+                                    "/proc/self/mem"s, ""s}) {
+        EXPECT_EQ(files.utf16TextOfFile(path), std::nullopt) << path;
+    }
 }
 
-TEST_F(PosixFileSystemText, whatTheUserMayNotReadIsNoText) {
+TEST_F(PosixFileSystem, whatTheUserMayNotReadIsNoText) {
     fs::permissions(folder.path(), fs::perms(0755));
     const std::string path = folder.write("text", "\xFE\xFF\x20\xAC");
     fs::permissions(path, fs::perms(0444));
@@ -383,7 +356,7 @@ TEST_F(PosixFileSystemText, whatTheUserMayNotReadIsNoText) {
     EXPECT_TRUE(holdsForOrdinaryUser([&] { return files.utf16TextOfFile(path) == std::nullopt; }));
 }
 
-TEST_F(PosixFileSystemText, readsALargeFileWhole) {
+TEST_F(PosixFileSystem, readsALargeFileWhole) {
     std::string bytes = "\xFE\xFF";
     std::string text;
     while (bytes.size() < (std::size_t{16} << 20)) {

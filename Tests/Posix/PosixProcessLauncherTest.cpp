@@ -53,17 +53,18 @@ protected:
 
     std::string log() const { return folder.read("install.log"); }
 
-    /// What the launcher says about a program that cannot be started, which leaves no child.
-    std::system_error failureOf(const std::string& program, const Arguments& arguments = {}) {
+    /// Checks what the launcher says about a program that cannot be started, which leaves no child.
+    void expectFailure(const std::string& program, const Arguments& arguments, int reason) {
         try {
             launcher.launchProcess(program, arguments, nullptr);
+            ADD_FAILURE() << program << " was started";
         } catch (const std::system_error& error) {
             EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
             EXPECT_EQ(errno, ECHILD);
-            return error;
+            EXPECT_EQ(error.code(), std::error_code(reason, std::generic_category()));
+            EXPECT_EQ(std::string(error.what()),
+                      "Cannot start " + program + ": " + std::strerror(reason));
         }
-        ADD_FAILURE() << program << " was started";
-        return std::system_error(std::error_code());
     }
 
     std::string writeProgram(const std::string& name, const std::string& content, int mode) {
@@ -77,12 +78,6 @@ protected:
     Vexora::PosixFileSystem files;
     Vexora::PosixProcessLauncher launcher;
 };
-
-/// What PosixProcessLauncher.failureOf must give.
-void expectFailure(const std::system_error& error, const std::string& program, int reason) {
-    EXPECT_EQ(error.code(), std::error_code(reason, std::generic_category()));
-    EXPECT_EQ(std::string(error.what()), "Cannot start " + program + ": " + std::strerror(reason));
-}
 
 } // namespace
 
@@ -223,39 +218,25 @@ TEST_F(PosixProcessLauncher, statusesArriveAlthoughTheSystemWasToldToForgetThem)
     ::signal(SIGCHLD, SIG_DFL);
 }
 
-TEST_F(PosixProcessLauncher, aMissingProgramIsAnError) {
-    const std::string path = folder.path() / "miss ing";
-    expectFailure(failureOf(path), path, ENOENT);
-    expectFailure(failureOf(""), "", ENOENT);
-    expectFailure(failureOf("nohup"), "nohup", ENOENT);
-}
-
-TEST_F(PosixProcessLauncher, aFileThatIsNotExecutableIsAnError) {
-    const std::string path = writeProgram("install", "#!/bin/sh\n", 0644);
-    expectFailure(failureOf(path), path, EACCES);
-}
-
-TEST_F(PosixProcessLauncher, aFolderIsAnError) {
-    expectFailure(failureOf(folder.path()), folder.path(), EACCES);
-}
-
-TEST_F(PosixProcessLauncher, aPathThroughAFileOrATooLongOneIsAnError) {
-    const std::string below = writeProgram("file", "", 0755) + "/install";
-    expectFailure(failureOf(below), below, ENOTDIR);
-    const std::string longPath = folder.path() / std::string(300, 'x');
-    expectFailure(failureOf(longPath), longPath, ENAMETOOLONG);
-}
-
-TEST_F(PosixProcessLauncher, whatTheSystemCannotRunIsAnError) {
-    const std::string text = writeProgram("text", "exit 0\n", 0755);
-    expectFailure(failureOf(text), text, ENOEXEC);
-    const std::string script = writeProgram("script", "#!/missing/interpreter\n", 0755);
-    expectFailure(failureOf(script), script, ENOENT);
+TEST_F(PosixProcessLauncher, aProgramThatCannotBeStartedIsAnError) {
+    const std::pair<std::string, int> programs[] = {
+        {folder.path() / "miss ing", ENOENT},
+        {"", ENOENT},
+        {"nohup", ENOENT},
+        {writeProgram("install", "#!/bin/sh\n", 0644), EACCES},
+        {folder.path(), EACCES},
+        {writeProgram("file", "", 0755) + "/install", ENOTDIR},
+        {folder.path() / std::string(300, 'x'), ENAMETOOLONG},
+        {writeProgram("text", "exit 0\n", 0755), ENOEXEC},
+        {writeProgram("script", "#!/missing/interpreter\n", 0755), ENOENT}};
+    for (const auto& [program, reason] : programs) {
+        expectFailure(program, {}, reason);
+    }
 }
 
 TEST_F(PosixProcessLauncher, argumentsThatCannotArriveWholeAreAnError) {
-    expectFailure(failureOf(helper, {std::string(1 << 20, 'x')}), helper, E2BIG);
-    expectFailure(failureOf(helper, {std::string("a\0b", 3)}), helper, EINVAL);
+    expectFailure(helper, {std::string(1 << 20, 'x')}, E2BIG);
+    expectFailure(helper, {std::string("a\0b", 3)}, EINVAL);
 }
 
 TEST_F(PosixProcessLauncher, aFailedStartLeavesNoDescriptorOpen) {
@@ -270,11 +251,8 @@ TEST_F(PosixProcessLauncher, aFailedStartLeavesNoDescriptorOpen) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(PosixProcessLauncher, nohupTellsAMissingTargetByItsStatus) {
+TEST_F(PosixProcessLauncher, nohupTellsByItsStatusThatItsTargetIsMissingOrNotExecutable) {
     EXPECT_EQ(run(nohup, {folder.path() / "missing", "&;", "wait $!"}), 127);
-}
-
-TEST_F(PosixProcessLauncher, nohupTellsATargetThatIsNotExecutableByItsStatus) {
     EXPECT_EQ(run(nohup, {writeProgram("install", "#!/bin/sh\n", 0644), "&;", "wait $!"}), 126);
 }
 

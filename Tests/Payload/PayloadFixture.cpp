@@ -1,10 +1,10 @@
 #include "PayloadFixture.h"
 
-#include <grp.h>
-#include <sys/wait.h>
+#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/PosixProcessLauncher.h"
+
 #include <unistd.h>
 
-#include <array>
 #include <fstream>
 #include <iterator>
 
@@ -13,33 +13,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr uid_t limitedUser = 65534;
-
-std::vector<char*> pointers(std::vector<std::string>& texts) {
-    std::vector<char*> result;
-    for (std::string& text : texts)
-        result.push_back(text.data());
-    result.push_back(nullptr);
-    return result;
-}
-
-// Never returns; the status 255 stands for a failure before the program runs.
-[[noreturn]] void becomeProgram(const fs::path& folder, int output, char* const* arguments,
-                                char* const* environment) {
-    const bool limited = geteuid() != 0 || (setgroups(0, nullptr) == 0 &&
-                                            setgid(limitedUser) == 0 && setuid(limitedUser) == 0);
-    if (limited && chdir(folder.c_str()) == 0 && dup2(output, STDOUT_FILENO) >= 0 &&
-        dup2(output, STDERR_FILENO) >= 0)
-        execve(arguments[0], arguments, environment);
-    _exit(255);
-}
-
-std::string readAll(int descriptor) {
-    std::string text;
-    std::array<char, 4096> buffer{};
-    for (ssize_t count = 0; (count = read(descriptor, buffer.data(), buffer.size())) > 0;)
-        text.append(buffer.data(), static_cast<std::size_t>(count));
-    return text;
-}
 
 } // namespace
 
@@ -80,26 +53,21 @@ void PayloadFixture::giveToUser() {
 }
 
 PayloadFixture::Result PayloadFixture::run(const std::vector<std::string>& command) {
-    std::vector<std::string> arguments = command;
-    std::vector<std::string> environment = {"PATH=" + tools_.string() + ":" + path_};
+    std::vector<std::string> arguments{"-i", "-C", root_, "PATH=" + tools_.string() + ":" + path_};
     if (homeValue_)
-        environment.push_back("HOME=" + *homeValue_);
-    std::vector<char*> argumentPointers = pointers(arguments);
-    std::vector<char*> environmentPointers = pointers(environment);
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0)
-        return {};
-    const pid_t child = fork();
-    if (child == 0)
-        becomeProgram(root_, ends[1], argumentPointers.data(), environmentPointers.data());
-    close(ends[1]);
-    Result result;
-    result.output = readAll(ends[0]);
-    close(ends[0]);
-    int status = 0;
-    if (waitpid(child, &status, 0) == child)
-        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 256 + WTERMSIG(status);
-    return result;
+        arguments.push_back("HOME=" + *homeValue_);
+    if (geteuid() == 0) {
+        const std::string user = std::to_string(limitedUser);
+        arguments.insert(arguments.end(), {"/usr/bin/setpriv", "--reuid=" + user, "--regid=" + user,
+                                           "--clear-groups"});
+    }
+    arguments.insert(arguments.end(), command.begin(), command.end());
+    const std::string output = temporary_.write("output", "");
+    const auto handle = Vexora::PosixFileSystem().fileHandleForWritingAtPath(output);
+    const int status = Vexora::PosixProcessLauncher()
+                           .launchProcess("/usr/bin/env", arguments, handle.get())
+                           ->waitUntilExit();
+    return {status, readFile(output)};
 }
 
 PayloadFixture::Result PayloadFixture::runScript(const std::string& name,

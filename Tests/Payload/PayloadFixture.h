@@ -15,7 +15,7 @@
 class PayloadFixture : public testing::Test {
 protected:
     struct Result {
-        int status = -1;    // the exit status, or 256 plus the signal's number
+        int status = -1;    // the exit status
         std::string output; // standard output and standard error, in the order of writing
     };
 

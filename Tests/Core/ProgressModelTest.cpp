@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <string>
+#include <utility>
 
 namespace {
 
@@ -35,18 +35,14 @@ TEST_F(ProgressModel, exponentRisesByHalfAStepPerPollAndStopsAtMinusOne) {
     }
 }
 
-TEST_F(ProgressModel, exponentAtOrAboveMinusOneIsNotRaised) {
-    for (const double exponent : {-1.0, -0.75, 0.0, 3.0}) {
-        model.exponent = exponent;
+TEST_F(ProgressModel, onlyAnExponentBelowMinusOneIsRaised) {
+    const std::pair<double, double> exponents[] = {
+        {-1.25, -0.75}, {-1.0, -1.0}, {-0.75, -0.75}, {0.0, 0.0}, {3.0, 3.0}};
+    for (const auto& [before, after] : exponents) {
+        model.exponent = before;
         model.poll(0.0);
-        EXPECT_EQ(model.exponent, exponent);
+        EXPECT_EQ(model.exponent, after);
     }
-}
-
-TEST_F(ProgressModel, exponentJustBelowMinusOneIsRaisedOnceMore) {
-    model.exponent = -1.25;
-    model.poll(0.0);
-    EXPECT_EQ(model.exponent, -0.75);
 }
 
 TEST_F(ProgressModel, delayIsTwoToThePowerOfEachOfTheNineExponents) {
@@ -67,19 +63,15 @@ TEST_F(ProgressModel, delayFollowsTheBaseToo) {
     EXPECT_EQ(model.tickDelay(), 0.5);
 }
 
-TEST_F(ProgressModel, barAtNinetyIsFrozen) {
-    model.poll(90.0);
-    EXPECT_EQ(model.increment, 0.0);
-}
-
-TEST_F(ProgressModel, barAboveNinetyIsFrozen) {
-    model.poll(100.0);
-    EXPECT_EQ(model.increment, 0.0);
-}
-
-TEST_F(ProgressModel, barBelowNinetyIsNotFrozen) {
-    model.poll(std::nextafter(90.0, 0.0));
-    EXPECT_EQ(model.increment, 1.0);
+TEST_F(ProgressModel, barAtNinetyOrAboveIsFrozen) {
+    const std::pair<double, double> increments[] = {
+        {std::nextafter(90.0, 0.0), 1.0}, {90.0, 0.0}, {100.0, 0.0}};
+    for (const auto& [value, increment] : increments) {
+        model.reset();
+        model.poll(value);
+        EXPECT_EQ(model.increment, increment) << value;
+        EXPECT_EQ(model.exponent, -4.5) << value;
+    }
 }
 
 TEST_F(ProgressModel, everyPollAtNinetyOrMoreFreezesAgain) {
@@ -93,11 +85,6 @@ TEST_F(ProgressModel, frozenBarStaysFrozenWhenItIsFoundLowerAgain) {
     model.poll(90.0);
     model.poll(10.0);
     EXPECT_EQ(model.increment, 0.0);
-}
-
-TEST_F(ProgressModel, pollOfAFrozenBarGoesOnRaisingTheExponent) {
-    model.poll(95.0);
-    EXPECT_EQ(model.exponent, -4.5);
 }
 
 TEST_F(ProgressModel, freezingTouchesNothingButTheIncrement) {

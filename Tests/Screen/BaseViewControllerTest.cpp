@@ -16,48 +16,20 @@ protected:
     Vexora::BaseViewController controller{platform.seam};
 };
 
-TEST_F(BaseViewController, pathsFollowTheHomeDirectory) {
-    controller.view();
+TEST_F(BaseViewController, pathsAreSetWhenTheControllerIsCreated) {
     EXPECT_EQ(controller.logFolderPath(), "/Users/ann/Library/Logs/Vexora_Lumiq");
     EXPECT_EQ(controller.logFilePath(),
               "/Users/ann/Library/Logs/Vexora_Lumiq/vexora-one-click-installer.log");
-}
-
-TEST_F(BaseViewController, pathsAreSetWhenTheControllerIsCreated) {
-    EXPECT_EQ(controller.logFilePath(), logFile);
     EXPECT_EQ(platform.calls.lines(), Lines{});
 }
 
 TEST_F(BaseViewController, loadingCreatesTheMissingFolderButNotTheFile) {
     controller.view();
     EXPECT_TRUE(platform.files.isFolder(logFolder));
+    EXPECT_TRUE(controller.validateLogFolderPath());
     EXPECT_EQ(platform.files.content(logFile), std::nullopt);
     EXPECT_EQ(platform.calls.lines(),
               (Lines{"load BaseViewController", "createDirectory " + logFolder}));
-}
-
-TEST_F(BaseViewController, missingFoldersAreCreatedByTheFirstValidation) {
-    EXPECT_TRUE(controller.validateLogFolderPath());
-    EXPECT_TRUE(platform.files.isFolder("/Users/ann/Library/Logs"));
-    EXPECT_TRUE(platform.files.isFolder(logFolder));
-}
-
-TEST_F(BaseViewController, twoTextsFollowEachOtherWithNothingBetween) {
-    controller.log("abc");
-    controller.log("def");
-    EXPECT_EQ(platform.files.content(logFile), "abcdef");
-}
-
-TEST_F(BaseViewController, emptyTextCreatesAnEmptyFile) {
-    controller.log("");
-    EXPECT_EQ(platform.files.content(logFile), "");
-}
-
-TEST_F(BaseViewController, plainFileAtTheFolderPathIsUsableButTakesNoText) {
-    platform.files.addFile(logFolder, "file");
-    EXPECT_TRUE(controller.validateLogFolderPath());
-    controller.log("lost");
-    EXPECT_EQ(platform.files.content(logFolder), "file");
 }
 
 TEST_F(BaseViewController, folderThatCannotBeCreatedDisturbsNobodyAtLoading) {

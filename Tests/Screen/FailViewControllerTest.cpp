@@ -91,12 +91,6 @@ TEST_F(FailViewController, licenceNoticeStaysHiddenOnceTheScreenHasLoaded) {
     EXPECT_TRUE(textField("licenseLabel")->isHidden());
 }
 
-TEST_F(FailViewController, statusFortyIsComposedOfMessageBlankAndLink) {
-    fail(40);
-    EXPECT_EQ(message().runs(),
-              (Runs{plain("Failed to copy Ondrel Vexora Lumiq Web plugin."), plain(" "), link()}));
-}
-
 TEST_F(FailViewController, unlistedStatusesDoNotConsultTheTranslatorForAMessage) {
     // An empty identifier, or a number in place of one, would find one of these.
     addLanguage("en", {{"7", "wrong"}, {"11", "wrong"}, {"0", "wrong"}, {"-1", "wrong"}});
@@ -105,13 +99,6 @@ TEST_F(FailViewController, unlistedStatusesDoNotConsultTheTranslatorForAMessage)
         EXPECT_EQ(message().runs(), (Runs{plain(" "), link()})) << status;
         expectPresentation(true);
     }
-}
-
-TEST_F(FailViewController, statusOneShowsTheAdministratorMessage) {
-    fail(1);
-    EXPECT_EQ(message().string(), "A system-wide installation already exists. Removing or "
-                                  "upgrading requires administrator-level access. Open logs");
-    expectPresentation(true);
 }
 
 TEST_F(FailViewController, noticeAfterAFailureReplacesOnlyTheText) {

@@ -148,6 +148,7 @@ TEST_F(ViewController, textsAreInTheLanguageOfTheLocale) {
     EXPECT_EQ(platform.application.ownedWindows[1]->title, "");
     EXPECT_EQ(textField("licenseLabel")->stringValue(), "Es gilt der Vertrag.");
     EXPECT_EQ(platform.calls.count("setLanguage de"), 1U);
+    EXPECT_EQ(platform.environment.localeQuestions, 1);
 }
 
 TEST_F(ViewController, layoutKeepsTheDirectionOfEnglishWhenTheLanguageIsNotLoaded) {

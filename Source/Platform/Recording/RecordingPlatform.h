@@ -99,11 +99,16 @@ class RecordingEnvironment : public Environment {
 public:
     std::string homeDirectory() override { return home; }
     std::string resourcePath() override { return resources; }
-    std::string localeIdentifier() override { return locale; }
+    std::string localeIdentifier() override {
+        ++localeQuestions;
+        return locale;
+    }
 
     std::string home = "/Users/ann";
     std::string resources = "/Setup/Resources";
     std::string locale = "en_US";
+    /// How often the locale has been asked for.
+    int localeQuestions = 0;
 };
 
 class RecordingAdministratorScript : public AdministratorScript {

@@ -75,57 +75,27 @@ class MakeIconTest(PackagingTestCase):
     def make(self, images):
         return self.run_tool(PACKAGING / "make-icns", self.output, *images)
 
-    def assert_refuses(self, images, reason):
-        """Checks that nothing is made or changed, and that the reason is told in one line."""
-        self.output.write_bytes(b"before")
-        result = self.make(images)
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stdout, "")
-        self.assertEqual(result.stderr.strip(), f"make-icns: {reason}")
-        self.assertEqual(self.output.read_bytes(), b"before")
-        self.assertEqual([path.name for path in self.folder.glob("*.partial")], [])
-
     def test_packs_images_in_any_order(self):
         self.assert_works(self.make(reversed(list(self.images.values()))))
         for kind, data in entries(self.output.read_bytes()):
             points, scale = TYPES[kind]
             self.assertEqual(data, png(points * scale, points * scale), kind)
 
-    def test_replaces_an_earlier_icon(self):
-        self.output.write_bytes(b"before")
-        self.assert_works(self.make(self.images.values()))
-        self.assertEqual(self.output.read_bytes()[:4], b"icns")
-
-    def test_refuses_a_missing_image(self):
+    def test_refuses_all_but_one_image_of_each_size_and_changes_nothing(self):
         gone = self.folder / "gone.png"
-        self.assert_refuses([gone], f"[Errno 2] No such file or directory: '{gone}'")
-
-    def test_refuses_too_few_images(self):
-        del self.images[64], self.images[1024]
-        self.assert_refuses(self.images.values(), "There is no image of 64, 1024 pixels.")
-
-    def test_refuses_two_images_of_one_size(self):
         twin = self.write(self.folder / "twin.png", png(64, 64))
-        self.assert_refuses([*self.images.values(), twin], f"{twin} is a second image of 64 pixels.")
-
-    def test_refuses_sizes_without_a_place(self):
-        for width, height in ((48, 48), (64, 32), (32, 64), (33, 33)):
-            odd = self.write(self.folder / "odd.png", png(width, height))
-            self.assert_refuses([odd], f"{odd} has {width} by {height} pixels; "
-                                       "the icon takes squares of 32, 64, 128, 256, 512, 1024.")
-
-    def test_refuses_what_is_no_complete_png(self):
-        whole = png(32, 32)
-        for data in (b"", b"GIF89a", whole[:20], whole[:-1], whole + b"\0", b"\0" + whole):
-            broken = self.write(self.folder / "broken.png", data)
-            self.assert_refuses([broken], f"{broken} is not a complete PNG file.")
-
-    def test_leaves_nothing_behind_where_it_cannot_write(self):
-        self.output.mkdir()
-        self.assertEqual(self.make(self.images.values()).returncode, 1)
-        self.assertEqual([path.name for path in self.folder.glob("new*")], ["new.icns"])
-
-    def test_tells_how_it_is_used(self):
-        result = self.run_tool(PACKAGING / "make-icns", self.output)
-        self.assertEqual(result.returncode, 1)
-        self.assertIn("Usage: ", result.stderr)
+        odd = self.write(self.folder / "odd.png", png(64, 32))
+        broken = self.write(self.folder / "broken.png", png(32, 32)[:-1])
+        refusals = {
+            f"[Errno 2] No such file or directory: '{gone}'": [gone],
+            "There is no image of 64, 1024 pixels.": [self.images[size] for size in SIZES if size not in (64, 1024)],
+            f"{twin} is a second image of 64 pixels.": [*self.images.values(), twin],
+            f"{odd} has 64 by 32 pixels; the icon takes squares of 32, 64, 128, 256, 512, 1024.": [odd],
+            f"{broken} is not a complete PNG file.": [broken],
+        }
+        self.output.write_bytes(b"before")
+        for reason, images in refusals.items():
+            result = self.make(images)
+            self.assertEqual((result.returncode, result.stderr), (1, f"make-icns: {reason}\n"))
+            self.assertEqual(self.output.read_bytes(), b"before")
+        self.assertEqual(list(self.folder.glob("*.partial")), [])

@@ -12,6 +12,9 @@
 #include <utility>
 #include <vector>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace VXLOCAL;
 
 namespace {
@@ -182,6 +185,17 @@ TEST_F(KVParserTest, directoryInPlaceOfTheFileHoldsNoEntriesAndIsNoError) {
     std::filesystem::create_directory(path());
     EXPECT_EQ(parseError(), "nothing thrown");
     EXPECT_EQ(message("Install"), "Installieren");
+}
+
+TEST_F(KVParserTest, fileIsClosedWhenItIsRead) {
+    const auto lowestFreeDescriptor = [] {
+        const int descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
+        close(descriptor);
+        return descriptor;
+    };
+    const int before = lowestFreeDescriptor();
+    parse("\"Install\" = \"Installieren\"\n");
+    EXPECT_EQ(lowestFreeDescriptor(), before);
 }
 
 TEST_F(KVParserTest, tableIsEmptyBeforeTheFirstParse) {

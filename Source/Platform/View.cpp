@@ -39,10 +39,9 @@ void View::removeFromSuperview() {
 }
 
 void View::updateCoveredSubviews() {
-    const auto covering = std::find_if(subviews_.begin(), subviews_.end(),
-                                       [](const auto& child) { return child->opaque_; });
     for (const auto& child : subviews_) {
-        const bool covered = covering != subviews_.end() && child != *covering;
+        const View& topmost = *subviews_.back();
+        const bool covered = child.get() != &topmost && (child->opaque_ || topmost.opaque_);
         if (child->covered_ != covered) {
             child->covered_ = covered;
             child->applyCovered();

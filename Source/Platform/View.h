@@ -40,12 +40,11 @@ public:
     void setAlphaValue(double alpha);
     double alphaValue() const { return alpha_; }
 
-    /// An opaque view covers all its siblings, also those that come later, for as long as it is
-    /// held.
+    /// An opaque view covers all its siblings while it is the topmost of them. Under another one it
+    /// is covered itself, and covers nothing.
     bool isOpaque() const { return opaque_; }
 
-    /// Whether an opaque sibling covers this view, so that it neither shows nor takes keys or
-    /// clicks.
+    /// Whether the view neither shows nor takes keys or clicks, because of a sibling above it.
     bool isCovered() const { return covered_; }
 
     /// Adds a constraint that fixes the view's height, in points. Constraints add up; equal ones

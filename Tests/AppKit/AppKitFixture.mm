@@ -203,10 +203,10 @@ Names usableIn(State state) {
         return {"closeButton", "licenseLabel"};
     case State::Failure:
     case State::Notice:
+    case State::LicenseOnFailure:
         return {"logLabel", "troubleshootButton", "closeButton"};
     case State::LicenseOnStart:
     case State::LicenseOnInstall:
-    case State::LicenseOnFailure:
         return {"licenseText", "backButton"};
     }
     return {};

@@ -129,11 +129,12 @@ TEST_F(Keyboard, focusIsOnTheLogLinkWhenTheFailureAppears) {
     EXPECT_EQ(calls.count("selectFile " + logFile()), 2U);
 }
 
-TEST_F(Keyboard, focusIsOnTheLogLinkOnceTheLicenseOverItIsLeft) {
+TEST_F(Keyboard, focusIsOnTheLogLinkWhenTheFailureAppearsOverTheLicense) {
     enter(State::LicenseOnFailure);
-    EXPECT_EQ(focus(), "licenseText");
+    EXPECT_EQ(focus(), "logLabel");
     press(escapeKey);
     EXPECT_EQ(focus(), "logLabel");
+    EXPECT_TRUE(isVisible("failLabel"));
 }
 
 TEST_F(Keyboard, spaceOnHelpOpensThePage) {

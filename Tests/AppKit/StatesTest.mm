@@ -89,15 +89,16 @@ TEST_P(States, theLicenseHidesWhatItCoversAndNothingElse) {
     }
 }
 
-TEST_P(States, aFailureUnderTheLicenseShowsOnceItIsLeft) {
+TEST_P(States, aFailureShowsOverTheOpenLicenseAtOnce) {
     enter(State::LicenseOnFailure);
-    EXPECT_FALSE(isVisible("logLabel"));
-    EXPECT_FALSE(isVisible("closeButton"));
-    content->licenseView()->backAction();
-    EXPECT_TRUE(isVisible("logLabel"));
-    EXPECT_TRUE(isVisible("closeButton"));
-    EXPECT_FALSE(isVisible("licenseLabel"));
-    EXPECT_FALSE(isVisible("installProgress"));
+    for (const char* name :
+         {"lumiqLogo", "closeIcon", "failLabel", "logLabel", "troubleshootButton", "closeButton"}) {
+        EXPECT_TRUE(isVisible(name)) << name;
+    }
+    for (const char* name : {"licenseAgreementLabel", "licenseText", "backButton", "licenseLabel",
+                             "installProgress"}) {
+        EXPECT_FALSE(isVisible(name)) << name;
+    }
 }
 
 } // namespace AppKitTest

@@ -123,16 +123,36 @@ TEST_F(View, viewThatGoesLeavesItsSubviewsWithoutASuperview) {
     first->removeFromSuperview();
 }
 
-TEST_F(View, opaqueViewCoversEarlierAndLaterSiblings) {
+TEST_F(View, opaqueViewCoversWhatLiesBelowIt) {
+    parent->addSubview(first);
+    parent->addSubview(opaque);
+    parent->addSubview(second, Ordering::Below);
+    EXPECT_TRUE(first->isCovered());
+    EXPECT_TRUE(second->isCovered());
+    EXPECT_FALSE(opaque->isCovered());
+    EXPECT_FALSE(parent->isCovered());
+}
+
+TEST_F(View, opaqueViewUnderAnotherOneIsCoveredAndCoversNothing) {
     parent->addSubview(first);
     parent->addSubview(opaque);
     parent->addSubview(second);
-    parent->addSubview(third, Ordering::Below);
+    EXPECT_EQ(parent->subviews(), (Children{first, opaque, second}));
+    EXPECT_FALSE(first->isCovered());
+    EXPECT_TRUE(opaque->isCovered());
+    EXPECT_FALSE(second->isCovered());
+    EXPECT_FALSE(opaque->isHidden());
+}
+
+TEST_F(View, opaqueViewCoversAgainOnceTheOneAboveItIsTakenAway) {
+    parent->addSubview(first);
+    parent->addSubview(opaque);
+    parent->addSubview(second);
+    second->removeFromSuperview();
     EXPECT_TRUE(first->isCovered());
-    EXPECT_TRUE(second->isCovered());
-    EXPECT_TRUE(third->isCovered());
     EXPECT_FALSE(opaque->isCovered());
-    EXPECT_FALSE(parent->isCovered());
+    EXPECT_EQ(first->told, (Told{"covered", "uncovered", "covered"}));
+    EXPECT_EQ(opaque->told, (Told{"covered", "uncovered"}));
 }
 
 TEST_F(View, removingTheOpaqueViewUncoversItsSiblings) {
@@ -144,8 +164,8 @@ TEST_F(View, removingTheOpaqueViewUncoversItsSiblings) {
 }
 
 TEST_F(View, coveredViewThatIsTakenAwayIsNoLongerCovered) {
-    parent->addSubview(opaque);
     parent->addSubview(first);
+    parent->addSubview(opaque);
     first->removeFromSuperview();
     EXPECT_FALSE(first->isCovered());
     EXPECT_EQ(first->told, (Told{"covered", "uncovered"}));
@@ -154,7 +174,8 @@ TEST_F(View, coveredViewThatIsTakenAwayIsNoLongerCovered) {
 TEST_F(View, coveringIsToldOnceAndNotAgainForEveryNewSibling) {
     parent->addSubview(first);
     parent->addSubview(opaque);
-    parent->addSubview(second);
+    parent->addSubview(second, Ordering::Below);
+    parent->addSubview(third, Ordering::Below);
     EXPECT_EQ(first->told, Told{"covered"});
     EXPECT_EQ(second->told, Told{"covered"});
     EXPECT_EQ(opaque->told, Told{});

@@ -9,7 +9,7 @@
 
 @interface VexoraPane : NSView {
 @public
-    /// Whether the pane hides everything behind it.
+    /// Whether the pane hides everything below it while it is the topmost.
     BOOL opaquePane;
     /// The control whose area takes in panes added by code; null for the whole area.
     Vexora::Strong<NSView> contentArea;

@@ -4,7 +4,7 @@
 #include "Platform/Palette.h"
 
 @interface VexoraPane ()
-- (BOOL)isCovered;
+- (BOOL)isTopmostOpaque;
 - (void)mirror:(NSView*)view;
 @end
 
@@ -19,7 +19,7 @@
 }
 
 - (void)addPane:(VexoraPane*)pane positioned:(Vexora::Ordering)ordering {
-    const BOOL covered = [self isCovered];
+    const BOOL covered = ordering == Vexora::Ordering::Below && [self isTopmostOpaque];
     if (pane->opaquePane) {
         focusBeforeCover = Vexora::as<NSView>([[self window] firstResponder]);
     }
@@ -33,29 +33,23 @@
     Vexora::renewKeyViewLoop([self window]);
     if (!covered) {
         [pane takeInitialFocus];
-    } else if (pane->initialFocus.get() != nil) {
-        focusBeforeCover = pane->initialFocus;
     }
 }
 
 - (void)removePane:(VexoraPane*)pane {
     NSWindow* const window = [self window];
+    const BOOL hasCovered = pane->opaquePane && [[self subviews] lastObject] == pane;
     [pane removeFromSuperview];
     Vexora::renewKeyViewLoop(window);
-    if (pane->opaquePane) {
+    if (hasCovered) {
         // What was covered is shown again only after this call.
         [self performSelector:@selector(restoreFocus) withObject:nil afterDelay:0.0];
     }
 }
 
-- (BOOL)isCovered {
-    for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
-        VexoraPane* const pane = Vexora::as<VexoraPane>([[self subviews] objectAtIndex:index]);
-        if (pane != nil && pane->opaquePane) {
-            return YES;
-        }
-    }
-    return NO;
+- (BOOL)isTopmostOpaque {
+    VexoraPane* const topmost = Vexora::as<VexoraPane>([[self subviews] lastObject]);
+    return topmost != nil && topmost->opaquePane;
 }
 
 - (void)restoreFocus {

@@ -11,16 +11,17 @@ namespace Vexora {
 Pane::Pane(QWidget* parent) : QWidget(parent) {}
 
 void Pane::addPane(Pane* pane, Ordering ordering) {
-    const bool covered = std::any_of(panes_.begin(), panes_.end(),
-                                     [](const auto& other) { return other->isOpaque(); });
+    const bool below = ordering == Ordering::Below;
+    const bool covered = below && !panes_.isEmpty() && panes_.last()->isOpaque();
     if (pane->isOpaque()) {
         focusBeforeCover_ = window()->focusWidget();
     }
     pane->setParent(this);
-    panes_.append(pane);
-    if (ordering == Ordering::Below) {
+    if (below) {
+        panes_.prepend(pane);
         pane->lower();
     } else {
+        panes_.append(pane);
         pane->raise();
     }
     arrange();
@@ -32,12 +33,12 @@ void Pane::addPane(Pane* pane, Ordering ordering) {
 }
 
 void Pane::removePane(Pane* pane) {
-    const bool wasOpaque = pane->isOpaque();
+    const bool hasCovered = pane->isOpaque() && panes_.last() == pane;
     panes_.removeAll(pane);
     pane->hide();
     pane->setParent(nullptr);
     arrange();
-    if (wasOpaque) {
+    if (hasCovered) {
         // What was covered is shown again only after this call.
         QTimer::singleShot(0, this, &Pane::restoreFocus);
     }
@@ -85,7 +86,9 @@ QSize Pane::neededBy(const Pane& pane) const {
 QSize Pane::minimumSizeHint() const {
     QSize needed = QWidget::minimumSizeHint().expandedTo(reserved_);
     for (const auto& pane : panes_) {
-        if (contentArea() == nullptr || pane->isOpaque()) {
+        // One that is covered needs nothing until it shows again.
+        const bool shown = pane == panes_.last();
+        if (contentArea() == nullptr || (pane->isOpaque() && shown)) {
             needed = needed.expandedTo(neededBy(*pane));
         }
     }

@@ -17,7 +17,7 @@ class Pane : public QWidget {
 public:
     explicit Pane(QWidget* parent = nullptr);
 
-    /// Whether the pane hides everything behind it.
+    /// Whether the pane hides everything below it while it is the topmost.
     bool isOpaque() const { return autoFillBackground(); }
 
     /// Takes a pane in, under or over everything else. An opaque one takes the whole area, any
@@ -43,6 +43,7 @@ private:
     void restoreFocus();
     QWidget* initialFocus() const;
 
+    /// From the lowest to the topmost.
     QList<QPointer<Pane>> panes_;
     /// What panes over this one need, when this one is their content area.
     QSize reserved_;

@@ -1,11 +1,11 @@
 #include "FileBytes.h"
+#include "Platform/Posix/PosixFileSystem.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -13,36 +13,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void appendUtf8(std::string& text, std::uint32_t point) {
-    if (point < 0x80) {
-        text += static_cast<char>(point);
-        return;
-    }
-    const int tail = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
-    const std::uint32_t lead = tail == 1 ? 0xC0 : tail == 2 ? 0xE0 : 0xF0;
-    text += static_cast<char>(lead | point >> (6 * tail));
-    for (int shift = 6 * (tail - 1); shift >= 0; shift -= 6)
-        text += static_cast<char>(0x80U | (point >> shift & 0x3FU));
-}
+using CheckStrings::readBytes;
 
-// Decodes UTF-16 whose byte order its mark tells.
-std::string decodeUtf16(const std::string& bytes) {
-    const std::uint32_t mark = byteAt(bytes, 0) << 8 | byteAt(bytes, 1);
-    if (mark != 0xFEFF && mark != 0xFFFE)
-        throw std::runtime_error("no byte-order mark");
-    const auto unit = [&bytes, big = mark == 0xFEFF](std::size_t index) {
-        return byteAt(bytes, index + (big ? 0 : 1)) << 8 | byteAt(bytes, index + (big ? 1 : 0));
-    };
-    std::string text;
-    for (std::size_t index = 2; index < bytes.size(); index += 2) {
-        std::uint32_t point = unit(index);
-        if (point >= 0xD800 && point < 0xDC00) {
-            index += 2;
-            point = 0x10000 + ((point - 0xD800) << 10) + (unit(index) - 0xDC00);
-        }
-        appendUtf8(text, point);
-    }
-    return text;
+/// What the program makes of a licence file; nothing when it is no UTF-16 with a mark.
+std::optional<std::string> shown(const fs::path& file) {
+    return Vexora::PosixFileSystem().utf16TextOfFile(file.string());
 }
 
 const fs::path staged = VEXORA_STAGED_RESOURCES;
@@ -53,12 +28,12 @@ const fs::path source = VEXORA_RESOURCES_SOURCE;
 class LicenseFilesTest : public testing::TestWithParam<std::string> {};
 
 TEST_P(LicenseFilesTest, areTheSourceTextInUtf16WithAMark) {
-    const std::string text = readFile(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
-    EXPECT_EQ(decodeUtf16(readFile(staged / ("LA_" + GetParam()))), text);
+    const std::string text = readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
+    EXPECT_EQ(shown(staged / ("LA_" + GetParam())), text);
 }
 
 TEST_P(LicenseFilesTest, areAWholeAgreementInElevenNumberedSections) {
-    const std::string text = readFile(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
+    const std::string text = readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
     for (int section = 1; section <= 11; ++section)
         EXPECT_NE(text.find("\n\n" + std::to_string(section) + ". "), std::string::npos) << section;
     EXPECT_NE(text.find("Ondrel Vexora Lumiq"), std::string::npos);
@@ -76,8 +51,8 @@ TEST_P(LicenseFilesTest, haveTheSamePlaceholdersAndParagraphsAsTheEnglishText) {
         }
         return std::pair(paragraphs, placeholders);
     };
-    EXPECT_EQ(shape(readFile(source / "Licenses" / ("LA_" + GetParam() + ".txt"))),
-              shape(readFile(source / "Licenses/LA_en.txt")));
+    EXPECT_EQ(shape(readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"))),
+              shape(readBytes(source / "Licenses/LA_en.txt")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, LicenseFilesTest, testing::Values(VEXORA_LICENSE_CODES),
@@ -87,14 +62,15 @@ TEST(LicenseFallbackTest, everyTwoLetterCodeHasAText) {
     const std::set<std::string> codes = {VEXORA_ISO_CODES};
     EXPECT_EQ(codes.size(), 183U);
     for (const std::string& code : codes)
-        EXPECT_FALSE(decodeUtf16(readFile(staged / ("LA_" + code))).empty()) << code;
+        EXPECT_FALSE(shown(staged / ("LA_" + code)).value_or("").empty()) << code;
 }
 
 TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
     const std::set<std::string> own = {VEXORA_LICENSE_CODES};
     for (const std::string code : {VEXORA_ISO_CODES}) {
         const fs::path file = staged / ("LA_" + code);
-        EXPECT_EQ(readFile(file) == readFile(staged / "LA_en"), code == "en" || !own.contains(code))
+        EXPECT_EQ(readBytes(file) == readBytes(staged / "LA_en"),
+                  code == "en" || !own.contains(code))
             << code;
         EXPECT_EQ(fs::is_symlink(file), !own.contains(code)) << code;
         EXPECT_TRUE(own.contains(code) || fs::read_symlink(file) == "LA_en") << code;

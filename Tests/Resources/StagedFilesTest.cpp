@@ -13,13 +13,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Width and height that a PNG file states in its header.
-std::pair<std::uint32_t, std::uint32_t> pngSize(const std::string& bytes) {
+/// Width and height that a PNG file states in its header.
+std::pair<std::uint32_t, std::uint32_t> pngSize(const fs::path& file) {
+    const std::string bytes = CheckStrings::readBytes(file);
     if (!bytes.starts_with("\x89PNG\r\n\x1a\n") || bytes.substr(12, 4) != "IHDR")
         throw std::runtime_error("no PNG header");
     const auto number = [&bytes](std::size_t at) {
-        return byteAt(bytes, at) << 24 | byteAt(bytes, at + 1) << 16 | byteAt(bytes, at + 2) << 8 |
-               byteAt(bytes, at + 3);
+        std::uint32_t value = 0;
+        for (const char byte : bytes.substr(at, 4))
+            value = value << 8 | static_cast<unsigned char>(byte);
+        return value;
     };
     return {number(16), number(20)};
 }
@@ -34,19 +37,19 @@ std::string iconName(std::uint32_t size) {
 } // namespace
 
 TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
-    EXPECT_EQ(pngSize(readFile(staged / "lumiqLogo.png")), std::pair(96U, 96U));
-    EXPECT_EQ(pngSize(readFile(staged / "lumiqLogo@2x.png")), std::pair(192U, 192U));
-    EXPECT_EQ(pngSize(readFile(staged / "closeIcon.png")), std::pair(32U, 32U));
-    EXPECT_EQ(pngSize(readFile(staged / "closeIcon@2x.png")), std::pair(64U, 64U));
+    EXPECT_EQ(pngSize(staged / "lumiqLogo.png"), std::pair(96U, 96U));
+    EXPECT_EQ(pngSize(staged / "lumiqLogo@2x.png"), std::pair(192U, 192U));
+    EXPECT_EQ(pngSize(staged / "closeIcon.png"), std::pair(32U, 32U));
+    EXPECT_EQ(pngSize(staged / "closeIcon@2x.png"), std::pair(64U, 64U));
     for (const std::uint32_t size : stagedIconSizes) {
-        EXPECT_EQ(pngSize(readFile(staged / iconName(size))), std::pair(size, size)) << size;
+        EXPECT_EQ(pngSize(staged / iconName(size)), std::pair(size, size)) << size;
     }
 }
 
 TEST(StagedFilesTest, iconIsDrawnInEverySizeThatSystemsAskFor) {
     const fs::path images = fs::path(VEXORA_RESOURCES_SOURCE) / "Images";
     for (const std::uint32_t size : {32U, 64U, 128U, 256U, 512U, 1024U}) {
-        EXPECT_EQ(pngSize(readFile(images / iconName(size))), std::pair(size, size)) << size;
+        EXPECT_EQ(pngSize(images / iconName(size)), std::pair(size, size)) << size;
     }
 }
 

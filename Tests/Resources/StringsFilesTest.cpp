@@ -54,18 +54,6 @@ protected:
     std::map<std::string, std::string, std::less<>> texts_;
 };
 
-TEST_P(StringsFilesTest, keepsTheTagPairOfTheIdentifier) {
-    for (const auto& [identifier, text] : texts_) {
-        std::size_t brackets = 0;
-        for (const char tag : {'a', 'b'}) {
-            EXPECT_EQ(marked(text, tag).empty(), marked(identifier, tag).empty()) << text;
-            brackets += marked(identifier, tag).empty() ? 0U : 2U;
-        }
-        EXPECT_EQ(count(text, "<"), brackets) << text;
-        EXPECT_EQ(count(text, ">"), brackets) << text;
-    }
-}
-
 TEST_P(StringsFilesTest, namesTheStartButtonAsItIsLabelled) {
     EXPECT_EQ(marked(texts_["To install Ondrel Vexora Lumiq, click <b>Start</b>."], 'b'),
               texts_["Start"]);

@@ -190,12 +190,6 @@ TEST_F(InstallViewController, textsAreTranslated) {
     EXPECT_EQ(button("closeButton")->title(), "Schließen");
     window->installView()->switchToSuccessView();
     EXPECT_EQ(textField("installLabel")->stringValue(), "Fertig!");
-}
-
-TEST_F(InstallViewController, successTextAloneStartsNoUnmount) {
-    openWindow();
-    pressStart();
-    window->installView()->switchToSuccessView();
     EXPECT_FALSE(window->installView()->successfulInstall());
 }
 

@@ -163,11 +163,6 @@ TEST_F(LicenseViewController, goBackKeepsTheScreenLoaded) {
     click("backButton");
     EXPECT_TRUE(window->licenseView()->isViewLoaded());
     EXPECT_EQ(window->licenseView()->view()->superview(), nullptr);
-}
-
-TEST_F(LicenseViewController, goBackOnAScreenThatIsNotShownDoesNothing) {
-    openLicence("en_US");
-    click("backButton");
     click("backButton");
     EXPECT_EQ(namesOfSubviews(*root), (Lines{"lumiqLogo", "containerView", "licenseLabel"}));
 }

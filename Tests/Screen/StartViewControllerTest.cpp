@@ -74,16 +74,11 @@ TEST_F(StartViewController, nothingIsInstalledBeforeStartIsPressed) {
     EXPECT_TRUE(platform.processes.launches.empty());
 }
 
-TEST_F(StartViewController, startPostsExactlyOneInstallation) {
+TEST_F(StartViewController, secondPressInstallsNothingMore) {
     openWindow();
     pressStart();
     EXPECT_EQ(platform.backgroundQueue.pending(), 1U);
     EXPECT_TRUE(platform.processes.launches.empty());
-}
-
-TEST_F(StartViewController, secondPressInstallsNothingMore) {
-    openWindow();
-    pressStart();
     window->startView()->startAction();
     EXPECT_EQ(platform.backgroundQueue.pending(), 1U);
     EXPECT_EQ(namesOfSubviews(*root),

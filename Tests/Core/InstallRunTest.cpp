@@ -141,20 +141,15 @@ TEST_F(InstallRun, outcomeIsReportedOnTheMainQueueAndNotBeforeItRuns) {
     EXPECT_EQ(reported, std::vector<std::int32_t>{30});
 }
 
-TEST_F(InstallRun, blanksOfTheResourcePathAreEscapedForTheElevatedRun) {
-    EXPECT_EQ(Vexora::administratorScriptSource("/Volumes/My Fine Disk/Resources"),
-              "do shell script \"/Volumes/My\\\\ Fine\\\\ Disk/Resources/install true\" "
-              "with administrator privileges");
-}
-
-TEST_F(InstallRun, everyBlankBecomesTwoBackslashesAndABlank) {
-    EXPECT_EQ(Vexora::administratorScriptSource("/a  b "),
-              R"(do shell script "/a\\ \\ b\\ /install true" with administrator privileges)");
-}
-
-TEST_F(InstallRun, quotesBackslashesAndDollarSignsOfTheResourcePathPassUnescaped) {
-    EXPECT_EQ(Vexora::administratorScriptSource("/a\"b\\c$d'e\tf"),
-              "do shell script \"/a\"b\\c$d'e\tf/install true\" with administrator privileges");
+TEST_F(InstallRun, onlyBlanksOfTheResourcePathAreEscapedForTheElevatedRun) {
+    const std::pair<std::string, std::string> paths[] = {
+        {"/Volumes/My Fine Disk/Resources", R"(/Volumes/My\\ Fine\\ Disk/Resources)"},
+        {"/a  b ", R"(/a\\ \\ b\\ )"},
+        {"/a\"b\\c$d'e\tf", "/a\"b\\c$d'e\tf"}};
+    for (const auto& [path, escaped] : paths) {
+        EXPECT_EQ(Vexora::administratorScriptSource(path),
+                  "do shell script \"" + escaped + "/install true\" with administrator privileges");
+    }
 }
 
 TEST_F(InstallRun, elevatedRunUsesTheEscapedResourcePath) {
@@ -165,30 +160,22 @@ TEST_F(InstallRun, elevatedRunUsesTheEscapedResourcePath) {
                     "with administrator privileges"});
 }
 
-TEST_F(InstallRun, tailOfALongerLogSurvivesTheNewOutput) {
-    platform.files.addFile(logFile, "the log of an earlier run\n");
-    install({.polls = 1, .status = 0, .output = "The LOG"});
-    EXPECT_EQ(platform.files.content(logFile), "The LOG of an earlier run\n");
-}
-
-TEST_F(InstallRun, outputLongerThanTheLogReplacesAllOfIt) {
-    platform.files.addFile(logFile, "old");
+TEST_F(InstallRun, outputReplacesTheLogByteByByteAndTheTailSurvives) {
+    platform.files.addFile(logFile, "an earlier log");
+    install({.polls = 1, .status = 0, .output = "THE LATER"});
+    EXPECT_EQ(platform.files.content(logFile), "THE LATERr log");
     install({.polls = 1, .status = 0, .output = "longer than before"});
     EXPECT_EQ(platform.files.content(logFile), "longer than before");
 }
 
 TEST_F(InstallRun, argumentVectorHasExactlyFourEntries) {
-    platform.environment.resources = "/My Setup/Resources";
+    platform.environment.resources = "/My \"Setup$/Resources";
     install({.polls = 0, .status = 0});
     ASSERT_EQ(platform.processes.launches.size(), 1U);
     EXPECT_EQ(platform.processes.launches[0].path, "/usr/bin/nohup");
     EXPECT_EQ(platform.processes.launches[0].arguments,
-              (Lines{"/My Setup/Resources/install", "&;", "wait $!"}));
+              (Lines{"/My \"Setup$/Resources/install", "&;", "wait $!"}));
     EXPECT_EQ(platform.processes.launches[0].output, logFile);
-}
-
-TEST_F(InstallRun, argumentsFollowTheResourcePathWithoutAnyEscaping) {
-    EXPECT_EQ(Vexora::installArguments("/a b\"$"), (Lines{"/a b\"$/install", "&;", "wait $!"}));
 }
 
 TEST_F(InstallRun, eachPassRaisesTheExponentBeforeItSleeps) {

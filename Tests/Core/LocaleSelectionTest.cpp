@@ -41,43 +41,20 @@ protected:
     Lines logged;
 };
 
-TEST_F(LocaleSelection, americanEnglishReadsTheEnglishCatalogueOfTheResourceFolder) {
-    addLanguage("en.lproj", "Begin");
-    EXPECT_EQ(initialize("en_US"), "en");
-    EXPECT_EQ(translator().localeFile("en"),
-              environment.resources + "/en.lproj/Localizable.strings");
-    EXPECT_EQ(translator().tr("Start"), "Begin");
-    EXPECT_EQ(logged, Lines{});
-}
-
-TEST_F(LocaleSelection, swissGermanUsesTheGermanFolder) {
-    addLanguage("de.lproj", "Starten");
-    addLanguage("de_CH.lproj", "falsch");
-    addLanguage("en.lproj", "Start");
-    EXPECT_EQ(initialize("de_CH"), "de");
-    EXPECT_EQ(translator().localeDir(), environment.resources + "/de.lproj");
-    EXPECT_EQ(translator().tr("Start"), "Starten");
-}
-
-TEST_F(LocaleSelection, upperCaseIdentifierIsLoweredFirst) {
-    addLanguage("en.lproj", "Begin");
-    EXPECT_EQ(initialize("EN_GB"), "en");
-    EXPECT_EQ(translator().localeDir(), environment.resources + "/en.lproj");
-    EXPECT_EQ(translator().tr("Start"), "Begin");
-}
-
-TEST_F(LocaleSelection, oneLetterIdentifierIsUsedWhole) {
-    addLanguage("x.lproj", "X");
-    EXPECT_EQ(initialize("x"), "x");
-    EXPECT_EQ(translator().localeDir(), environment.resources + "/x.lproj");
-    EXPECT_EQ(translator().tr("Start"), "X");
-}
-
-TEST_F(LocaleSelection, emptyIdentifierIsUsedWhole) {
-    addLanguage(".lproj", "nothing");
-    EXPECT_EQ(initialize(""), "");
-    EXPECT_EQ(translator().localeDir(), environment.resources + "/.lproj");
-    EXPECT_EQ(translator().tr("Start"), "nothing");
+TEST_F(LocaleSelection, catalogueIsThatOfTheTwoLettersOfTheIdentifier) {
+    addLanguage("de_CH.lproj", "wrong");
+    const std::pair<const char*, const char*> languages[] = {
+        {"en_US", "en"}, {"de_CH", "de"}, {"EN_GB", "en"}, {"x", "x"}, {"", ""}};
+    for (const auto& [identifier, language] : languages) {
+        const std::string folder = std::string(language) + ".lproj";
+        addLanguage(folder, folder);
+        EXPECT_EQ(initialize(identifier), language);
+        EXPECT_EQ(translator().localeDir(), environment.resources + "/" + folder);
+        EXPECT_EQ(translator().localeFile(language),
+                  environment.resources + "/" + folder + "/Localizable.strings");
+        EXPECT_EQ(translator().tr("Start"), folder);
+        EXPECT_EQ(logged, Lines{});
+    }
 }
 
 TEST_F(LocaleSelection, shortIdentifiersWithoutAFolderFailNothing) {

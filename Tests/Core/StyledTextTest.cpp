@@ -43,13 +43,8 @@ TEST(StyledText, appendedTextBringsItsRunsButNotItsAlignment) {
     text.append(other);
     EXPECT_EQ(text.runs(), (Runs{{"plain ", {}, {}}, styled}));
     EXPECT_EQ(text.alignment(), TextAlignment::Natural);
-}
-
-TEST(StyledText, appendingAnotherTextKeepsTheAlignment) {
-    Vexora::StyledText text("a");
-    text.setAlignment(TextAlignment::Center);
-    text.append(Vexora::StyledText("b"));
-    EXPECT_EQ(text.alignment(), TextAlignment::Center);
+    other.append(text);
+    EXPECT_EQ(other.alignment(), TextAlignment::Center);
 }
 
 TEST(StyledText, textsDifferByCharactersStyleOrAlignment) {

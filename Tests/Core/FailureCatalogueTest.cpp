@@ -85,7 +85,7 @@ TEST(FailureCatalogue, unlistedStatusHasNoMessageAndIsAFailure) {
                                       19,
                                       21,
                                       25,
-                                      60,
+                                      51,
                                       126,
                                       127,
                                       128,

@@ -48,9 +48,36 @@ Runs joined(const Runs& runs) {
     return result;
 }
 
-TEST(Markup, instructionHasASemiboldWordWithoutColour) {
-    EXPECT_EQ(rendered("To install Ondrel Vexora Lumiq, click <b>Start</b>."),
-              (Runs{plain("To install Ondrel Vexora Lumiq, click "), marked("Start"), plain(".")}));
+TEST(Markup, textsAreCutIntoPlainAndMarkedRuns) {
+    const std::pair<std::string, Runs> texts[] = {
+        {"To install Ondrel Vexora Lumiq, click <b>Start</b>.",
+         {plain("To install Ondrel Vexora Lumiq, click "), marked("Start"), plain(".")}},
+        {"Größe <b>漢字</b>、", {plain("Größe "), marked("漢字"), plain("、")}},
+        // Without the tag the text stays whole.
+        {"", {}},
+        {"Nothing to see", {plain("Nothing to see")}},
+        {"a closing </b> tag", {plain("a closing </b> tag")}},
+        // Pieces without text leave no run.
+        {"<b>Title</b> rest", {marked("Title"), plain(" rest")}},
+        {"a<b><b>c</b>", {plain("a"), marked("c")}},
+        {"a<b>", {plain("a")}},
+        {"<b>", {}},
+        // A tag that is not closed ends at the next one, or with the text.
+        {"a<b>b", {plain("a"), marked("b")}},
+        {"a<b>b<b>c</b>d", {plain("a"), marked("b"), marked("c"), plain("d")}},
+        // A closing tag before the first tag stays visible.
+        {"x</b>y<b>z</b>", {plain("x</b>y"), marked("z")}},
+        // Other tags, and those of the other letter case, are characters.
+        {"<B>x</B>", {plain("<B>x</B>")}},
+        {"<b>x</B>", {marked("x</B>")}},
+        {"<a>x</a> <b>y</b>", {plain("<a>x</a> "), marked("y")}},
+        {"<b>x</a>y</b>", {marked("x</a>y")}}};
+    for (const auto& [text, runs] : texts) {
+        EXPECT_EQ(rendered(text), runs) << text;
+    }
+    // Overlapping separators are found from the left.
+    EXPECT_EQ(rendered("a**b", "**"), (Runs{plain("a"), marked("b")}));
+    EXPECT_EQ(rendered("a***b", "**"), (Runs{plain("a"), marked("*b")}));
 }
 
 TEST(Markup, licenceNoticeHasSemiboldBlueWords) {
@@ -60,54 +87,18 @@ TEST(Markup, licenceNoticeHasSemiboldBlueWords) {
     EXPECT_EQ(notice.runs(), (Runs{plain("By installing, you agree to the Ondrel Vexora "),
                                    {"license agreement", semibold12, Color{0.24, 0.44, 0.70, 1.0}},
                                    plain(".")}));
-}
-
-TEST(Markup, textWithoutTheSeparatorStaysWholeAndPlain) {
-    EXPECT_EQ(rendered("Nothing to see"), Runs{plain("Nothing to see")});
-    EXPECT_EQ(rendered("a closing </b> tag"), Runs{plain("a closing </b> tag")});
-}
-
-TEST(Markup, emptyTextGivesAnEmptyResult) {
-    EXPECT_EQ(rendered(""), Runs{});
-}
-
-TEST(Markup, tagAtTheStartLeavesNoEmptyRun) {
-    EXPECT_EQ(rendered("<b>Title</b> rest"), (Runs{marked("Title"), plain(" rest")}));
-}
-
-TEST(Markup, unclosedTagMarksTheTextToItsEnd) {
-    EXPECT_EQ(rendered("a<b>b"), (Runs{plain("a"), marked("b")}));
-}
-
-TEST(Markup, unclosedTagEndsAtTheNextOneAndBothRunsStaySeparate) {
-    EXPECT_EQ(rendered("a<b>b<b>c</b>d"), (Runs{plain("a"), marked("b"), marked("c"), plain("d")}));
-}
-
-TEST(Markup, emptySegmentBetweenTwoTagsIsSkipped) {
-    EXPECT_EQ(rendered("a<b><b>c</b>"), (Runs{plain("a"), marked("c")}));
+    EXPECT_EQ(notice.alignment(), TextAlignment::Natural);
 }
 
 TEST(Markup, emptyPairOfTagsMarksNothing) {
     EXPECT_EQ(joined(rendered("x<b></b>y")), Runs{plain("xy")});
-}
-
-TEST(Markup, emptyPairOfTagsIsNotColouredEither) {
-    const StyledText text =
+    const StyledText coloured =
         renderMarkup("x<a></a>y", "<a>", semibold12, Vexora::OndrelFontBlueColor);
-    EXPECT_EQ(joined(text.runs()), Runs{plain("xy")});
-}
-
-TEST(Markup, closingTagBeforeTheFirstTagStaysVisible) {
-    EXPECT_EQ(rendered("x</b>y<b>z</b>"), (Runs{plain("x</b>y"), marked("z")}));
+    EXPECT_EQ(joined(coloured.runs()), Runs{plain("xy")});
 }
 
 TEST(Markup, furtherClosingTagsAreDropped) {
     EXPECT_EQ(joined(rendered("a<b>b</b>c</b>d")), (Runs{plain("a"), marked("b"), plain("cd")}));
-}
-
-TEST(Markup, tagsAreCaseSensitive) {
-    EXPECT_EQ(rendered("<B>x</B>"), Runs{plain("<B>x</B>")});
-    EXPECT_EQ(rendered("<b>x</B>"), Runs{marked("x</B>")});
 }
 
 TEST(Markup, closingTagOfAOneCharacterSeparatorIsTheCharacterAndASlash) {
@@ -117,61 +108,28 @@ TEST(Markup, closingTagOfAOneCharacterSeparatorIsTheCharacterAndASlash) {
     EXPECT_EQ(rendered("*/", "*"), Runs{marked("/")});
 }
 
-TEST(Markup, separatorAtTheVeryEndAddsNothing) {
-    EXPECT_EQ(rendered("a<b>"), Runs{plain("a")});
-    EXPECT_EQ(rendered("<b>"), Runs{});
-}
-
-TEST(Markup, otherTagsAreCharacters) {
-    EXPECT_EQ(rendered("<a>x</a> <b>y</b>"), (Runs{plain("<a>x</a> "), marked("y")}));
-    EXPECT_EQ(rendered("<b>x</a>y</b>"), Runs{marked("x</a>y")});
-}
-
-TEST(Markup, overlappingSeparatorsAreFoundFromTheLeft) {
-    EXPECT_EQ(rendered("a**b", "**"), (Runs{plain("a"), marked("b")}));
-    EXPECT_EQ(rendered("a***b", "**"), (Runs{plain("a"), marked("*b")}));
-}
-
-TEST(Markup, textOutsideAsciiIsMarkedByItsBytes) {
-    EXPECT_EQ(rendered("Größe <b>漢字</b>、"),
-              (Runs{plain("Größe "), marked("漢字"), plain("、")}));
-}
-
-TEST(Markup, alignmentIsLeftToTheCaller) {
-    EXPECT_EQ(renderMarkup("a<b>b</b>", "<b>", semibold18, std::nullopt).alignment(),
-              TextAlignment::Natural);
-}
-
 TEST(Markup, blueIsTheFixedOpaqueColour) {
     EXPECT_EQ(Vexora::OndrelFontBlueColor, (Color{0.24, 0.44, 0.70, 1.0}));
 }
 
-TEST(Markup, removingKeepsATagWithADigit) {
-    EXPECT_EQ(removeTags("<b>Start</b> now <x1>"), "Start now <x1>");
-}
-
-TEST(Markup, removingTakesLettersOfBothCasesSlashesAndEmptyBrackets) {
-    EXPECT_EQ(removeTags("<a>1</a><B>2</B><>3</><aZ/zA>4<///>"), "1234");
-}
-
-TEST(Markup, removingKeepsTagsWithBlanksAttributesAndOtherLetters) {
-    EXPECT_EQ(removeTags("<a b> <a=\"c\"> <ä> <-> <a\n>"), "<a b> <a=\"c\"> <ä> <-> <a\n>");
-}
-
-TEST(Markup, removingKeepsBracketsThatDoNotPair) {
-    EXPECT_EQ(removeTags("1 < 2 > 3 <b"), "1 < 2 > 3 <b");
-    EXPECT_EQ(removeTags("<"), "<");
-    EXPECT_EQ(removeTags(">"), ">");
-    EXPECT_EQ(removeTags("<<b>>"), "<>");
-    EXPECT_EQ(removeTags("<a<b>c"), "<ac");
-}
-
-TEST(Markup, removingOnceIsNotRepeatedOnTheResult) {
-    EXPECT_EQ(removeTags("<<b>b>x"), "<b>x");
-}
-
-TEST(Markup, removingFromTheEmptyTextGivesTheEmptyText) {
-    EXPECT_EQ(removeTags(""), "");
+TEST(Markup, removingTakesLettersAndSlashesBetweenAngleBrackets) {
+    const std::pair<std::string, std::string> texts[] = {
+        {"", ""},
+        {"<a>1</a><B>2</B><>3</><aZ/zA>4<///>", "1234"},
+        // A digit, a blank, an attribute or another letter makes it no tag.
+        {"<b>Start</b> now <x1>", "Start now <x1>"},
+        {"<a b> <a=\"c\"> <ä> <-> <a\n>", "<a b> <a=\"c\"> <ä> <-> <a\n>"},
+        // Brackets that do not pair stay.
+        {"1 < 2 > 3 <b", "1 < 2 > 3 <b"},
+        {"<", "<"},
+        {">", ">"},
+        {"<<b>>", "<>"},
+        {"<a<b>c", "<ac"},
+        // What removing leaves is not looked at again.
+        {"<<b>b>x", "<b>x"}};
+    for (const auto& [text, left] : texts) {
+        EXPECT_EQ(removeTags(text), left) << text;
+    }
 }
 
 } // namespace

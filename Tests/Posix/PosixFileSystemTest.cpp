@@ -39,7 +39,7 @@ protected:
 
 /// The permission bits of what lies at the path.
 mode_t modeOf(const std::string& path) {
-    struct stat status {};
+    struct stat status = {};
     EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
     return status.st_mode & 07777;
 }

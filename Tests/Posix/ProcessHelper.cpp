@@ -60,8 +60,8 @@ int sendSignal(int signalNumber) {
 }
 
 std::string inputKind() {
-    struct stat input {};
-    struct stat null {};
+    struct stat input = {};
+    struct stat null = {};
     if (::fstat(STDIN_FILENO, &input) != 0 || ::stat("/dev/null", &null) != 0) {
         return "closed";
     }
@@ -92,7 +92,7 @@ std::string blockedAndIgnoredSignals() {
     ::sigprocmask(SIG_BLOCK, nullptr, &blocked);
     std::string text;
     for (int number = 1; number < NSIG; ++number) {
-        struct sigaction action {};
+        struct sigaction action = {};
         const bool ignored =
             ::sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
         if (ignored || ::sigismember(&blocked, number) == 1) {

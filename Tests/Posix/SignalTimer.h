@@ -14,7 +14,7 @@ class SignalTimer {
 public:
     SignalTimer() {
         interruptions = 0;
-        struct sigaction action {};
+        struct sigaction action = {};
         action.sa_handler = [](int) { ++interruptions; };
         ::sigaction(SIGALRM, &action, &previous_);
         const itimerval every{{0, 5000}, {0, 5000}};
@@ -32,7 +32,7 @@ public:
     static inline std::atomic<int> interruptions{0};
 
 private:
-    struct sigaction previous_ {};
+    struct sigaction previous_ = {};
 };
 
 } // namespace TestSupport

@@ -6,6 +6,7 @@
 #import <AppKit/AppKit.h>
 
 #include <csignal>
+#include <utility>
 
 #ifdef GNUSTEP
 
@@ -83,33 +84,39 @@ inline void renewKeyViewLoop(NSWindow* window) {
 #endif
 }
 
+#if __has_feature(objc_arc)
+inline void retain(id) {}
+inline void release(id) {}
+inline id newAutoreleasePool() {
+    return nil;
+}
+#else
+inline void retain(id object) {
+    [object retain];
+}
+inline void release(id object) {
+    [object release];
+}
+inline id newAutoreleasePool() {
+    return [[NSAutoreleasePool alloc] init];
+}
+#endif
+
 /// Keeps an object alive for as long as it lives itself.
 template <class Kind>
 class Strong {
 public:
     Strong() = default;
-#if __has_feature(objc_arc)
-    Strong(Kind* object) : object_(object) {}
-#else
-    Strong(Kind* object) : object_([object retain]) {}
-    Strong(const Strong& other) : object_([other.object_ retain]) {}
-    Strong& operator=(const Strong& other) {
-        [other.object_ retain];
-        [object_ release];
-        object_ = other.object_;
+    Strong(Kind* object) : object_(object) { retain(object_); }
+    Strong(const Strong& other) : Strong(other.object_) {}
+    Strong& operator=(Strong other) {
+        std::swap(object_, other.object_);
         return *this;
     }
-    ~Strong() {
-        [object_ release];
-    }
-#endif
+    ~Strong() { release(object_); }
 
-    Kind* get() const {
-        return object_;
-    }
-    operator Kind*() const {
-        return object_;
-    }
+    Kind* get() const { return object_; }
+    operator Kind*() const { return object_; }
 
 private:
     Kind* object_ = nil;
@@ -119,9 +126,7 @@ private:
 template <class Kind>
 Strong<Kind> adopt(id created) {
     const Strong<Kind> owner(created);
-#if !__has_feature(objc_arc)
-    [created release];
-#endif
+    release(created);
     return owner;
 }
 
@@ -138,16 +143,10 @@ public:
     AutoreleaseScope() = default;
     AutoreleaseScope(const AutoreleaseScope&) = delete;
     AutoreleaseScope& operator=(const AutoreleaseScope&) = delete;
-#if __has_feature(objc_arc)
-    ~AutoreleaseScope() {}
-#else
-    ~AutoreleaseScope() {
-        [pool_ drain];
-    }
+    ~AutoreleaseScope() { release(pool_); }
 
 private:
-    NSAutoreleasePool* pool_ = [[NSAutoreleasePool alloc] init];
-#endif
+    id pool_ = newAutoreleasePool();
 };
 
 } // namespace Vexora

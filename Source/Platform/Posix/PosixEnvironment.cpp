@@ -27,7 +27,7 @@ std::string environmentValue(const char* name) {
 /// The home directory in the user database, or nothing.
 std::string registeredHomeDirectory() {
     std::vector<char> buffer(1024);
-    struct passwd entry {};
+    struct passwd entry = {};
     struct passwd* found = nullptr;
     int error = 0;
     while ((error = ::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found)) ==

@@ -31,6 +31,8 @@ public:
     FileActions& operator=(const FileActions&) = delete;
     ~FileActions() { ::posix_spawn_file_actions_destroy(&actions_); }
 
+    const posix_spawn_file_actions_t* get() const { return &actions_; }
+
     /// \param output a descriptor behind the standard streams, or none to leave ours.
     void setStreams(const PosixDescriptor& output) {
         check(::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0),
@@ -46,10 +48,6 @@ public:
 #ifndef __APPLE__
         check(::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1), program_);
 #endif
-    }
-
-    const posix_spawn_file_actions_t* get() const {
-        return &actions_;
     }
 
 private:
@@ -68,6 +66,13 @@ private:
     posix_spawn_file_actions_t actions_;
 };
 
+#ifdef __APPLE__
+constexpr short SPAWN_FLAGS =
+    POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_CLOEXEC_DEFAULT;
+#else
+constexpr short SPAWN_FLAGS = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+#endif
+
 /// The signals of the new program: none blocked, none ignored.
 class Attributes {
 public:
@@ -80,24 +85,16 @@ public:
         sigfillset(&all);
         sigdelset(&all, SIGKILL);
         sigdelset(&all, SIGSTOP);
-        int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
-#ifdef __APPLE__
-        flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
-#endif
         // These only store a value and fail for unknown flags alone.
         ::posix_spawnattr_setsigmask(&attributes_, &none);
         ::posix_spawnattr_setsigdefault(&attributes_, &all);
-        ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
+        ::posix_spawnattr_setflags(&attributes_, SPAWN_FLAGS);
     }
     Attributes(const Attributes&) = delete;
     Attributes& operator=(const Attributes&) = delete;
-    ~Attributes() {
-        ::posix_spawnattr_destroy(&attributes_);
-    }
+    ~Attributes() { ::posix_spawnattr_destroy(&attributes_); }
 
-    const posix_spawnattr_t* get() const {
-        return &attributes_;
-    }
+    const posix_spawnattr_t* get() const { return &attributes_; }
 
 private:
     posix_spawnattr_t attributes_;
@@ -152,7 +149,7 @@ void PosixProcess::collectStatus(int waitOptions) {
 }
 
 PosixProcessLauncher::PosixProcessLauncher() {
-    struct sigaction action {};
+    struct sigaction action = {};
     ::sigaction(SIGCHLD, nullptr, &action);
     if (action.sa_handler == SIG_IGN) {
         ::signal(SIGCHLD, SIG_DFL);

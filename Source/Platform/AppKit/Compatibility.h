@@ -10,6 +10,10 @@
 
 #ifdef GNUSTEP
 
+// GNUstep 0.32 has constraints, but the layout engine that the first one starts releases what it
+// does not own when its window goes. The name has its answer left unasked for.
+#define addConstraint addConstraintOnlyOnMac
+
 @interface NSGestureRecognizer (OnlyOnMac)
 - (id)initWithTarget:(id)target action:(SEL)action;
 @end

@@ -11,6 +11,15 @@ from gi.repository import GLib
 from desktop import wait_until
 
 PROGRAM = "vexora-one-click-installer"
+# What a control is, by its role. The names of the accessibility tree differ between its releases.
+ROLES = {
+    pyatspi.ROLE_LABEL: "label",
+    pyatspi.ROLE_LINK: "link",
+    pyatspi.ROLE_PROGRESS_BAR: "progress bar",
+    pyatspi.ROLE_PUSH_BUTTON: "push button",
+    pyatspi.ROLE_SCROLL_BAR: "scroll bar",
+    pyatspi.ROLE_TEXT: "text",
+}
 LOG = Path("Library/Logs/Vexora_Lumiq/vexora-one-click-installer.log")
 
 
@@ -75,8 +84,8 @@ class Installer:
     """One running program; a context manager that ends it.
 
     language is the locale's identifier with its encoding; environment adds to the desktop's.
-    Roles are named as in the accessibility tree; controls and labels are found by the translation
-    of their message identifier.
+    Roles are named as in ROLES; controls and labels are found by the translation of their message
+    identifier.
     """
 
     def __init__(self, stage, language="en_US.UTF-8", environment=None):
@@ -121,8 +130,8 @@ class Installer:
         return self._first(role, None if identifier is None else self.text(identifier)) is not None
 
     def describe(self):
-        """Roles and names of everything that shows."""
-        return [(control.getRoleName(), control.name) for control in self.controls()]
+        """Roles, as far as ROLES has them, and names of everything that shows."""
+        return [(ROLES.get(control.getRole()), control.name) for control in self.controls()]
 
     def check_running(self):
         """Raises an error with what the program printed, if it has ended."""
@@ -192,7 +201,7 @@ class Installer:
     def _first(self, role, name):
         self.check_running()
         for control in self.controls():
-            if control.getRoleName() == role and name in (None, control.name):
+            if ROLES.get(control.getRole()) == role and name in (None, control.name):
                 return control
         return None
 

@@ -63,10 +63,11 @@ constexpr qreal sideTolerance = 3.0;
 
 bool startsOnItsSide(const QTextBlock& block, const QTextLine& line) {
     const QRectF room = line.rect();
-    const QRectF text = line.naturalTextRect();
-    return block.textDirection() == Qt::RightToLeft
-               ? qAbs(text.right() - room.right()) <= sideTolerance
-               : qAbs(text.left() - room.left()) <= sideTolerance;
+    const qreal left = line.naturalTextRect().left();
+    // The width of that rectangle allows for what the last letter has beyond its place.
+    const qreal right = left + line.horizontalAdvance();
+    return block.textDirection() == Qt::RightToLeft ? qAbs(right - room.right()) <= sideTolerance
+                                                    : qAbs(left - room.left()) <= sideTolerance;
 }
 
 } // namespace

@@ -113,6 +113,9 @@ class Desktop(Display):
         return reply.stdout.strip() if reply.returncode == 0 else None
 
     def _start_window_manager(self):
+        # The first key of all gives the display its keyboard. A window manager that runs by then
+        # takes its keys anew, and loses those that are typed meanwhile.
+        self.xdotool("key", "shift")
         self.process = self.start(["openbox", "--sm-disable"]).pid
         wait_until("the window manager", lambda: subprocess.run(
             ["xdotool", "get_desktop"], env=self.environment, stdout=subprocess.DEVNULL,

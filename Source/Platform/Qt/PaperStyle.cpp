@@ -203,6 +203,15 @@ QRect PaperStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     }
 }
 
+QRect PaperStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+    if (element == SE_PushButtonContents) {
+        // Inside the ring and the outline, and beside the rounding of the corners.
+        return option->rect.adjusted(8, 4, -8, -4);
+    }
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
 QSize PaperStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                    const QSize& contents, const QWidget* widget) const {
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);

@@ -14,9 +14,6 @@
 namespace Vexora {
 namespace {
 
-/// Free space beside the text, in pixels; a focus ring is drawn in it.
-constexpr int padding = 4;
-
 /// Free space over and under the text, in pixels: marks may rise above and hang below what the
 /// typeface says of itself.
 constexpr int verticalPadding = 8;

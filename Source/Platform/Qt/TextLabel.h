@@ -15,6 +15,9 @@ class TextLabel : public QLabel {
     Q_OBJECT
 
 public:
+    /// Free space beside the text, in pixels; a focus ring is drawn in it.
+    static constexpr int padding = 4;
+
     explicit TextLabel(QWidget* parent = nullptr);
 
     /// Shows a text. It also becomes the accessible name of the label's buddy.

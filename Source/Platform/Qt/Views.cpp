@@ -21,7 +21,8 @@ Pane* paneOf(View& view) {
     return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
 }
 
-/// The direction of most letters of a text.
+} // namespace
+
 Qt::LayoutDirection prevailingDirection(const QString& text) {
     qsizetype balance = 0;
     for (const QChar character : text) {
@@ -31,8 +32,6 @@ Qt::LayoutDirection prevailingDirection(const QString& text) {
     }
     return balance > 0 ? Qt::RightToLeft : Qt::LeftToRight;
 }
-
-} // namespace
 
 WidgetOwner::~WidgetOwner() {
     if (widget_ != nullptr && widget_->parentWidget() == nullptr) {

@@ -19,6 +19,9 @@ namespace Vexora {
 class Picture;
 class TextLabel;
 
+/// The direction of most letters of a text; from left to right without such.
+Qt::LayoutDirection prevailingDirection(const QString& text);
+
 /// What every view has beside its base. The widget belongs to its parent widget, and to the view
 /// without one.
 class WidgetOwner {

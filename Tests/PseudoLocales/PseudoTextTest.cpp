@@ -1,17 +1,14 @@
 #include "PseudoText.h"
 
+#include <QFontMetricsF>
+
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+namespace PseudoLocalesTest {
 
-namespace GalleryTest {
-
-using Gallery::accented;
-using Gallery::characterCount;
-using Gallery::conversions;
-using Gallery::rightToLeft;
-using Gallery::withoutTags;
+using PseudoLocales::accented;
+using PseudoLocales::rightToLeft;
+using PseudoLocales::widthOf;
 
 TEST(PseudoText, accentsEveryLetterBetweenBrackets) {
     EXPECT_EQ(accented("Close"), "[Çļöšé]");
@@ -19,15 +16,13 @@ TEST(PseudoText, accentsEveryLetterBetweenBrackets) {
 }
 
 TEST(PseudoText, isAtLeastTwoFifthsLonger) {
-    for (const std::string text : {"Start", "Open logs", "Installation failed",
-                                   "Ondrel Vexora Lumiq is already up to date."}) {
-        const std::size_t length = characterCount(text);
-        const std::size_t wanted = (14 * length + 9) / 10;
-        EXPECT_EQ(characterCount(accented(text)), wanted) << text;
-        EXPECT_EQ(characterCount(rightToLeft(text)), wanted) << text;
+    for (const QString text : {"Start", "Open logs", "Installation failed",
+                               "Ondrel Vexora Lumiq is already up to date."}) {
+        const qsizetype wanted = (14 * text.size() + 9) / 10;
+        EXPECT_EQ(accented(text).size(), wanted) << text.toStdString();
+        EXPECT_EQ(rightToLeft(text).size(), wanted) << text.toStdString();
     }
-    const std::string tagged = "click <b>Start</b>.";
-    EXPECT_EQ(characterCount(withoutTags(accented(tagged))), 17U);
+    EXPECT_EQ(accented("click <b>Start</b>.").remove("<b>").remove("</b>").size(), 17);
 }
 
 TEST(PseudoText, padsWithWordsThatCanBeWrapped) {
@@ -38,6 +33,7 @@ TEST(PseudoText, padsWithWordsThatCanBeWrapped) {
 TEST(PseudoText, keepsTags) {
     EXPECT_EQ(accented("the <a>license agreement</a>."), "[ţĥé <a>ļîçéñšé åĝŕééṁéñţ</a>. öñé ţŵ]");
     EXPECT_EQ(rightToLeft("<b>b</b>"), "[<b>ב</b>]");
+    EXPECT_EQ(accented("1 < 2"), "[1 < 2]");
 }
 
 TEST(PseudoText, keepsTheProductsName) {
@@ -54,17 +50,13 @@ TEST(PseudoText, writesFromRightToLeft) {
     EXPECT_EQ(rightToLeft("Close"), "[צלוסע]");
 }
 
-TEST(PseudoText, tellsConversionsApart) {
-    EXPECT_EQ(conversions("%d of %5.1f%%, %lu"), (std::vector<std::string>{"%d", "%5.1f", "%lu"}));
-    EXPECT_EQ(conversions("100 %% sure"), std::vector<std::string>{});
-    EXPECT_EQ(conversions("100%"), std::vector<std::string>{"%"});
-    EXPECT_EQ(conversions("100%!"), std::vector<std::string>{"%"});
-    // A blank is a flag: formatting would take an argument for this.
-    EXPECT_EQ(conversions("100 % done"), std::vector<std::string>{"% d"});
+TEST(TextWidth, isThatOfTheWidestWordAndOfTheWhole) {
+    const QFontMetricsF metrics{QFont("Noto Sans", 12)};
+    EXPECT_NEAR(widthOf("a longest word").word, metrics.horizontalAdvance("longest"), 1.0);
+    EXPECT_NEAR(widthOf("a longest word").whole, metrics.horizontalAdvance("a longest word"), 1.0);
+    EXPECT_EQ(widthOf("to <a>a</a> <b>longest</b>"), widthOf("to a longest"));
+    EXPECT_LT(widthOf("many short ones"), widthOf("longest"));
+    EXPECT_LT(widthOf("longest"), widthOf("a longest"));
 }
 
-TEST(PseudoText, countsCharactersNotBytes) {
-    EXPECT_EQ(characterCount("añ€\U0001F600"), 4U);
-}
-
-} // namespace GalleryTest
+} // namespace PseudoLocalesTest

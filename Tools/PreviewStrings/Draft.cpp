@@ -2,8 +2,7 @@
 
 #include "Characters.h"
 #include "Core/LocaleSelection.h"
-#include "FileRules.h"
-#include "PseudoText.h"
+#include "Format.h"
 
 #include <kvparser.h>
 
@@ -11,37 +10,36 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QStringDecoder>
 
 #include <algorithm>
+#include <stdexcept>
 
-namespace Gallery {
+namespace PreviewStrings {
 namespace {
 
-/// The keys of all texts that the program shows.
-const CheckStrings::Keys& programKeys() {
-    static const CheckStrings::Keys keys =
-        CheckStrings::readKeys(STAGED_RESOURCES "/en.lproj/Localizable.strings");
-    return keys;
-}
-
-/// How the line of a text begins.
-QByteArray lineStart(const std::string& key) {
-    return '"' + QByteArray::fromStdString(key) + "\" = \"";
-}
+const QString staged = STAGED_RESOURCES "/";
 
 QString quoted(const std::string& text) {
     return QString("“%1”").arg(QString::fromStdString(text));
 }
 
+void write(const QString& path, QIODevice::OpenMode mode, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(mode) || file.write(bytes) != bytes.size()) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+}
+
 } // namespace
 
-Draft::Draft(const std::string& code) : code_(code) {
-    QString licence = QString(STAGED_RESOURCES "/LA_%1").arg(QString::fromStdString(code));
-    if (!QFile::exists(licence)) {
-        licence = STAGED_RESOURCES "/LA_en";
-    }
-    QFile::copy(licence, QString::fromStdString(folder_.path() / ("LA_" + code)));
+Draft::Draft(const std::string& code)
+    : code_(code),
+      copy_(folder_.filePath(QString::fromStdString(code + ".lproj/" + Vexora::stringsFileName))),
+      keys_(CheckStrings::readKeys(staged.toStdString() + "en.lproj/" + Vexora::stringsFileName)) {
+    const QString licence = "LA_" + QString::fromStdString(code);
+    QFileInfo(copy_).dir().mkpath(".");
+    QFile::copy(staged + (QFile::exists(staged + licence) ? licence : "LA_en"),
+                folder_.filePath(licence));
 }
 
 bool Draft::take(const QString& file) {
@@ -52,71 +50,53 @@ bool Draft::take(const QString& file) {
         return false;
     }
     const QByteArray bytes = source.readAll();
-    const QString reason = obstacle(bytes);
-    if (!reason.isEmpty()) {
-        remarks_.append(file + ' ' + reason);
-        return false;
-    }
+    const bool isNew = bytes != bytes_;
     bytes_ = bytes;
-    const std::string name = code_ + ".lproj/" + Vexora::stringsFileName;
-    // The corrections follow from what the catalogue reads in the file as it is.
-    checkRules(folder_.write(name, bytes.toStdString()));
-    folder_.write(name, (bytes + '\n' + corrections()).toStdString());
-    return true;
+    write(copy_, QIODevice::WriteOnly, bytes);
+    checkRules();
+    correct();
+    return isNew;
 }
 
-QString Draft::obstacle(const QByteArray& bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(bytes);
-    if (decoder.hasError()) {
-        return "is not valid UTF-8.";
-    }
-    const bool holdsAny = std::ranges::any_of(
-        programKeys(), [&](const std::string& key) { return bytes.contains(lineStart(key)); });
-    return holdsAny ? QString()
-                    : "holds none of the program's texts. A line reads \"English text\" = "
-                      "\"Translation\".";
-}
-
-QByteArray Draft::corrections() {
-    VXLOCAL::KVParser catalogue(Vexora::stringsFileName);
-    catalogue.setLocaleDir((folder_.path() / (code_ + ".lproj")).string());
-    catalogue.parse();
-    QByteArray lines;
-    for (const std::string& key : programKeys()) {
-        const std::string text = catalogue.getMessage(key);
-        if (conversions(text) != conversions(key)) {
-            // Formatting would look for arguments that are not there. Of several lines the last
-            // counts.
-            lines += lineStart(key) + QByteArray::fromStdString(key) + "\"\n";
-            remarks_.append(
-                QString("%1 stays English: a percent sign is written doubled, but not in %2.")
-                    .arg(quoted(key), quoted(text)));
-        }
-    }
-    return lines;
-}
-
-void Draft::checkRules(const std::filesystem::path& file) {
+void Draft::checkRules() {
     CheckStrings::Findings findings;
-    CheckStrings::checkStringsFile(file, programKeys(), findings);
+    CheckStrings::checkStringsFile(copy_.toStdString(), keys_, findings);
     std::sort(findings.begin(), findings.end());
     QStringList missing;
     for (const CheckStrings::Finding& finding : findings) {
         if (finding.rule == CheckStrings::Rule::MissingKey) {
             missing.append(quoted(finding.text));
         } else {
-            const std::string rule(CheckStrings::nameOf(finding.rule));
+            const std::string words = std::string(CheckStrings::nameOf(finding.rule)) + ": " +
+                                      CheckStrings::printable(finding.text);
             remarks_.append(
-                QString("Line %1: %2: %3")
-                    .arg(finding.line)
-                    .arg(QString::fromStdString(rule),
-                         QString::fromStdString(CheckStrings::printable(finding.text))));
+                QString("Line %1: %2").arg(finding.line).arg(QString::fromStdString(words)));
         }
     }
     if (!missing.isEmpty()) {
         remarks_.append("Texts without a line stay English: " + missing.join(", ") + '.');
     }
+}
+
+void Draft::correct() {
+    VXLOCAL::KVParser catalogue(Vexora::stringsFileName);
+    catalogue.setLocaleDir(QFileInfo(copy_).path().toStdString());
+    catalogue.parse();
+    QByteArray corrections;
+    for (const std::string& key : keys_) {
+        const std::string text = catalogue.getMessage(key);
+        const CheckStrings::Format format = CheckStrings::readFormat(text);
+        if (format.hasSinglePercent ||
+            format.conversions != CheckStrings::readFormat(key).conversions) {
+            // Formatting would look for arguments that are not there.
+            corrections += QByteArray::fromStdString("\n\"" + key + "\" = \"" + key + "\"");
+            remarks_.append(
+                QString("%1 stays English: a percent sign is written doubled, but not in %2.")
+                    .arg(quoted(key), quoted(text)));
+        }
+    }
+    // Of several lines with one key the last counts.
+    write(copy_, QIODevice::Append, corrections + '\n');
 }
 
 std::string languageOfFile(const QString& file) {
@@ -125,4 +105,4 @@ std::string languageOfFile(const QString& file) {
     return folder.match(name).captured(1).toLower().toStdString();
 }
 
-} // namespace Gallery
+} // namespace PreviewStrings

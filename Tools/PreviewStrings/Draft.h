@@ -2,51 +2,51 @@
 // screens can show it whatever its state. Main thread only.
 #pragma once
 
+#include "FileRules.h"
 #include "Languages.h"
-#include "Support/TemporaryFolder.h"
 
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
-#include <filesystem>
+#include <optional>
 #include <string>
 
-namespace Gallery {
+namespace PreviewStrings {
 
 class Draft {
 public:
     /// \param code the two letters of the language that the file is in.
     explicit Draft(const std::string& code);
 
-    /// Takes the file as it is now. One that cannot be shown leaves what was taken before.
-    /// \return whether it can be shown.
+    /// Takes the file as it is now. One that cannot be read leaves what was taken before.
+    /// \return whether there is something new to show.
     bool take(const QString& file);
 
     /// What the translator should know about the file, one sentence each.
     const QStringList& remarks() const { return remarks_; }
 
-    /// Changes when the texts do.
-    const QByteArray& bytes() const { return bytes_; }
-
-    Language language() const { return languageIn(folder_.path().string(), code_); }
+    Gallery::Language language() const {
+        return Gallery::languageIn(folder_.path().toStdString(), code_);
+    }
 
 private:
-    /// Why the bytes cannot be shown; empty when they can.
-    static QString obstacle(const QByteArray& bytes);
+    /// Remarks on what check-strings finds in the copy.
+    void checkRules();
 
-    /// The lines that replace texts which formatting would make nonsense of.
-    QByteArray corrections();
-
-    /// Remarks on what check-strings finds in the file.
-    void checkRules(const std::filesystem::path& file);
+    /// Replaces texts in the copy which formatting would make nonsense of.
+    void correct();
 
     std::string code_;
-    TestSupport::TemporaryFolder folder_;
-    QByteArray bytes_;
+    QTemporaryDir folder_;
+    /// The copy of the strings file.
+    QString copy_;
+    CheckStrings::Keys keys_;
+    std::optional<QByteArray> bytes_;
     QStringList remarks_;
 };
 
 /// The language that the folder of a strings file names: "de" for a folder de.lproj, else empty.
 std::string languageOfFile(const QString& file);
 
-} // namespace Gallery
+} // namespace PreviewStrings

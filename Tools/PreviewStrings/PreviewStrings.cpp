@@ -9,12 +9,11 @@
 #include <QFileInfo>
 
 #include <cstdio>
-#include <string>
 
 int main(int argc, char** argv) {
     const QString file =
         argc > 1 ? QFileInfo(QString::fromLocal8Bit(argv[1])).absoluteFilePath() : "";
-    const std::string code = argc > 2 ? argv[2] : Gallery::languageOfFile(file);
+    const std::string code = argc > 2 ? argv[2] : PreviewStrings::languageOfFile(file);
     if (argc < 2 || argc > 3 || code.size() != 2) {
         std::fputs(
             "Usage: preview-strings FILE [LANGUAGE]\n"
@@ -25,7 +24,7 @@ int main(int argc, char** argv) {
     Gallery::prepareToolkit(code);
     const Vexora::Backend backend(argv);
     Gallery::useTypefaceOfPictures();
-    Gallery::PreviewWindow window(file, code);
+    PreviewStrings::PreviewWindow window(file, code);
     window.show();
     return QApplication::exec();
 }

@@ -1,17 +1,15 @@
 #include "PreviewWindow.h"
 
-#include "Platform/Qt/Palette.h"
 #include "Platform/Qt/Workspace.h"
 #include "Portrait.h"
 
 #include <QFile>
 #include <QGridLayout>
-#include <QPainter>
 #include <QPalette>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-namespace Gallery {
+namespace PreviewStrings {
 namespace {
 
 constexpr int columns = 3;
@@ -23,39 +21,53 @@ QLabel* makeLabel(const QString& name) {
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setWordWrap(true);
-    label->setFixedWidth(pictureWidth);
     return label;
 }
 
-/// The picture at the width that it is shown in, as dense as before, with an edge round it.
+/// The picture at the width that it is shown in, as dense as before.
 QPixmap fitted(const QImage& picture) {
     const qreal ratio = picture.devicePixelRatio();
     QPixmap pixmap = QPixmap::fromImage(
         picture.scaledToWidth(qRound(pictureWidth * ratio), Qt::SmoothTransformation));
     pixmap.setDevicePixelRatio(ratio);
-    QPainter painter(&pixmap);
-    painter.setPen(Vexora::Palette::outline);
-    painter.drawRect(QRectF(QPointF(), pixmap.deviceIndependentSize()).adjusted(0.5, 0.5, -1, -1));
     return pixmap;
 }
-
-/// Red enough to be seen, dark enough to be read.
-const QColor warning(0xa3, 0x26, 0x1f);
 
 void warn(QLabel& label, bool warns) {
     QPalette palette;
     if (warns) {
-        palette.setColor(QPalette::WindowText, warning);
+        // Red enough to be seen, dark enough to be read.
+        palette.setColor(QPalette::WindowText, QColor(0xa3, 0x26, 0x1f));
     }
     label.setPalette(palette);
 }
 
-QString linesOf(const Faults& faults) {
+QString linesOf(const Gallery::Faults& faults) {
     QStringList lines;
-    for (const Fault& fault : faults) {
+    for (const Gallery::Fault& fault : faults) {
         lines.append(QString("• %1: %2").arg(fault.control, fault.text));
     }
     return lines.isEmpty() ? "No faults" : lines.join('\n');
+}
+
+/// A scene's title, and labels by the name of the scene for its picture, and with "-faults".
+QLayout* makeCell(const Gallery::Scene& scene) {
+    const QString name = QString::fromStdString(scene.name);
+    auto* cell = new QVBoxLayout;
+    auto* title = new QLabel(QString::fromStdString(scene.title));
+    QFont font = title->font();
+    font.setBold(true);
+    title->setFont(font);
+    auto* picture = makeLabel(name);
+    picture->setFrameShape(QFrame::Box);
+    picture->setAccessibleName(title->text());
+    auto* faults = makeLabel(name + "-faults");
+    faults->setFixedWidth(pictureWidth);
+    cell->addWidget(title);
+    cell->addWidget(picture);
+    cell->addWidget(faults);
+    cell->addStretch();
+    return cell;
 }
 
 } // namespace
@@ -64,7 +76,7 @@ PreviewWindow::PreviewWindow(const QString& file, const std::string& code)
     : file_(file), draft_(code) {
     // The pictures turn the application's direction round and back.
     setLayoutDirection(Qt::LeftToRight);
-    setWindowTitle(QString("%1 – %2").arg(draft_.language().englishName(), file));
+    setWindowTitle(file);
     build();
     delay_.setSingleShot(true);
     delay_.setInterval(100);
@@ -76,34 +88,18 @@ PreviewWindow::PreviewWindow(const QString& file, const std::string& code)
 
 void PreviewWindow::build() {
     auto* column = new QVBoxLayout(this);
-    message_ = makeLabel("message");
-    message_->setMinimumWidth(0);
-    warn(*message_, true);
-    message_->setMaximumWidth(QWIDGETSIZE_MAX);
-    column->addWidget(message_);
-    auto* area = new QScrollArea;
+    auto* message = makeLabel("message");
+    warn(*message, true);
+    column->addWidget(message);
     auto* sheet = new QWidget;
     auto* grid = new QGridLayout(sheet);
     grid->setSpacing(20);
-    for (const Scene& scene : scenes()) {
-        const QString name = QString::fromStdString(scene.name);
-        const QString title = QString::fromStdString(scene.title);
-        auto* cell = new QVBoxLayout;
-        auto* caption = makeLabel(name + "-caption");
-        QFont font = caption->font();
-        font.setBold(true);
-        caption->setFont(font);
-        caption->setText(title);
-        const Place place{makeLabel(name), makeLabel(name + "-faults")};
-        place.picture->setAccessibleName(title);
-        cell->addWidget(caption);
-        cell->addWidget(place.picture);
-        cell->addWidget(place.faults);
-        cell->addStretch();
-        const int index = static_cast<int>(places_.size());
-        grid->addLayout(cell, index / columns, index % columns);
-        places_.append(place);
+    int index = 0;
+    for (const Gallery::Scene& scene : Gallery::scenes()) {
+        grid->addLayout(makeCell(scene), index / columns, index % columns);
+        ++index;
     }
+    auto* area = new QScrollArea;
     area->setWidget(sheet);
     area->setWidgetResizable(true);
     column->addWidget(area);
@@ -123,24 +119,24 @@ void PreviewWindow::watch() {
 
 void PreviewWindow::reload() {
     watch();
-    const bool shown = draft_.take(file_);
-    message_->setText(draft_.remarks().join('\n'));
-    message_->setVisible(!draft_.remarks().isEmpty());
-    if (shown && (drawings_ == 0 || draft_.bytes() != drawn_)) {
+    if (draft_.take(file_)) {
         draw();
     }
+    QLabel& message = label("message");
+    message.setText(draft_.remarks().join('\n'));
+    message.setVisible(!draft_.remarks().isEmpty());
 }
 
 void PreviewWindow::draw() {
-    drawn_ = draft_.bytes();
-    for (qsizetype index = 0; index < places_.size(); ++index) {
-        const Scene& scene = scenes().at(static_cast<std::size_t>(index));
-        const Portrait portrait = portray(draft_.language(), scene);
-        places_[index].picture->setPixmap(fitted(portrait.picture));
-        places_[index].faults->setText(linesOf(portrait.faults));
-        warn(*places_[index].faults, !portrait.faults.isEmpty());
+    for (const Gallery::Scene& scene : Gallery::scenes()) {
+        const QString name = QString::fromStdString(scene.name);
+        const Gallery::Portrait portrait = Gallery::portray(draft_.language(), scene);
+        label(name).setPixmap(fitted(portrait.picture));
+        QLabel& faults = label(name + "-faults");
+        faults.setText(linesOf(portrait.faults));
+        warn(faults, !portrait.faults.isEmpty());
     }
     ++drawings_;
 }
 
-} // namespace Gallery
+} // namespace PreviewStrings

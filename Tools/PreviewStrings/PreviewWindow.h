@@ -6,11 +6,10 @@
 
 #include <QFileSystemWatcher>
 #include <QLabel>
-#include <QList>
 #include <QTimer>
 #include <QWidget>
 
-namespace Gallery {
+namespace PreviewStrings {
 
 class PreviewWindow : public QWidget {
     Q_OBJECT
@@ -24,26 +23,20 @@ public:
     int drawings() const { return drawings_; }
 
 private:
-    /// A scene on the window; the object names are the scene's name, and that with "-faults".
-    struct Place {
-        QLabel* picture;
-        QLabel* faults;
-    };
-
     void build();
     void watch();
     void reload();
     void draw();
 
+    /// A label of that name in the window.
+    QLabel& label(const QString& name) const { return *findChild<QLabel*>(name); }
+
     QString file_;
     Draft draft_;
-    QByteArray drawn_;
     int drawings_ = 0;
-    QLabel* message_ = nullptr;
-    QList<Place> places_;
     QFileSystemWatcher watcher_;
     /// Lets an editor finish what it does in several steps.
     QTimer delay_;
 };
 
-} // namespace Gallery
+} // namespace PreviewStrings

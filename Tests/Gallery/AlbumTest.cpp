@@ -1,11 +1,12 @@
 #include "Album.h"
-#include "Page.h"
 #include "Scenes.h"
 #include "Support/TemporaryFolder.h"
 
-#include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <gtest/gtest.h>
 
@@ -19,12 +20,6 @@ protected:
 
     QString root() const { return QString::fromStdString(folder.path().string()); }
 
-    static QString pageOf(const QString& folder) {
-        return Gallery::pageOf(
-                   "{{SUMMARY}}|{{LANGUAGES}}|{{SCENES}}|{{FINDINGS}}|{{HEAD}}|{{ROWS}}", folder)
-            .html;
-    }
-
     TestSupport::TemporaryFolder folder;
     TestSupport::TemporaryFolder resources;
     Gallery::Language faulty = Gallery::languageIn(resources.path().string(), "de");
@@ -36,7 +31,6 @@ TEST_F(AlbumTest, holdsAPictureOfEveryScene) {
         const QString file = root() + "/1x/de/" + QString::fromStdString(scene.name) + ".png";
         EXPECT_EQ(QImage(file).size(), QSize(640, 580)) << file.toStdString();
     }
-    EXPECT_TRUE(QFile::exists(root() + "/1x/de.json"));
 }
 
 TEST_F(AlbumTest, tellsLanguageSceneControlAndFault) {
@@ -45,44 +39,28 @@ TEST_F(AlbumTest, tellsLanguageSceneControlAndFault) {
     EXPECT_EQ(faults.front(), "de, start, startButton: shows the tag <i>");
 }
 
+TEST_F(AlbumTest, isDescribedForThePage) {
+    Gallery::saveAlbum(root(), faulty);
+    QFile file(root() + "/1x/de.js");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray call = file.readAll();
+    ASSERT_TRUE(call.startsWith("album(") && call.endsWith(");\n")) << call.toStdString();
+    const QJsonObject album = QJsonDocument::fromJson(call.mid(6).chopped(3)).object();
+    EXPECT_EQ(album["code"], "de");
+    EXPECT_EQ(album["scale"], "1x");
+    EXPECT_EQ(album["rightToLeft"], false);
+    EXPECT_EQ(album["title"], "Ondrel Vexora Lumiq Setup");
+    const QJsonArray scenes = album["scenes"].toArray();
+    EXPECT_EQ(scenes.size(), static_cast<qsizetype>(Gallery::scenes().size()));
+    EXPECT_EQ(scenes[0]["name"], "start");
+    EXPECT_EQ(scenes[0]["title"], "Start");
+    EXPECT_EQ(scenes[0]["faults"], QJsonArray{"startButton: shows the tag <i>"});
+    EXPECT_EQ(scenes[1]["faults"], QJsonArray{});
+}
+
 TEST_F(AlbumTest, failsWhereNothingCanBeWritten) {
     const QString file = QString::fromStdString(folder.write("file", "").string());
     EXPECT_THROW(Gallery::saveAlbum(file, faulty), std::runtime_error);
-}
-
-TEST_F(AlbumTest, isShownOnThePageWithItsFindings) {
-    Gallery::saveAlbum(root(), faulty);
-    const QString page = pageOf(root());
-    EXPECT_TRUE(page.contains("<td id=\"de-start\" data-scene=\"start\" class=\"faulty\">"));
-    EXPECT_TRUE(page.contains("src=\"1x/de/start.png\" width=\"640\" height=\"580\" "
-                              "alt=\"German – Start\""));
-    EXPECT_TRUE(page.contains("<td>startButton</td><td>shows the tag &lt;i&gt;</td>"));
-    EXPECT_TRUE(page.contains("<span lang=\"de\" dir=\"auto\">Deutsch</span>"));
-    EXPECT_FALSE(page.contains("{{"));
-}
-
-TEST_F(AlbumTest, leavesAGapOnThePageWhereItIsMissing) {
-    const QString page = pageOf(root());
-    EXPECT_TRUE(page.contains("<p class=\"none\">not rendered</p>"));
-    EXPECT_FALSE(page.contains("every check holds"));
-    EXPECT_TRUE(page.contains("data-language=\"ar\" data-direction=\"rtl\""));
-    EXPECT_TRUE(page.contains("<span class=\"badge\">right to left</span>"));
-}
-
-TEST_F(AlbumTest, isNamedOnThePageWhereItLacksAPicture) {
-    const auto all =
-        static_cast<qsizetype>(2 * Gallery::languages().size() * Gallery::scenes().size());
-    EXPECT_EQ(Gallery::pageOf("", root()).missing, all);
-    Gallery::saveAlbum(root(), faulty);
-    const auto rendered = static_cast<qsizetype>(Gallery::scenes().size());
-    EXPECT_EQ(Gallery::pageOf("", root()).missing, all - rendered);
-    EXPECT_TRUE(QFile::remove(root() + "/1x/de/licence.png"));
-    const Gallery::Page page = Gallery::pageOf("{{FINDINGS}}", root());
-    EXPECT_EQ(page.missing, all - rendered + 1);
-    EXPECT_TRUE(page.html.contains("<td>German</td><td><a href=\"#de-licence\">Licence</a></td>"
-                                   "<td>1x</td><td>window</td><td>was not rendered</td>"));
-    EXPECT_FALSE(page.html.contains("<a href=\"#de-start\">Start</a></td><td>1x</td>"
-                                    "<td>window</td>"));
 }
 
 } // namespace GalleryTest

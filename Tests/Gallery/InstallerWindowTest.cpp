@@ -14,26 +14,19 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <stdexcept>
 
 namespace GalleryTest {
 
 using Gallery::InstallerWindow;
-using Gallery::Language;
+using Gallery::languageOf;
 using Gallery::Scene;
 
 class InstallerWindowTest : public testing::Test {
 protected:
-    static const Language& language(const std::string& code) {
-        const auto& all = Gallery::languages();
-        return *std::find_if(all.begin(), all.end(),
-                             [&code](const Language& one) { return one.code == code; });
-    }
-
     static const Scene& scene(const std::string& name) {
-        const auto& all = Gallery::scenes();
-        return *std::find_if(all.begin(), all.end(),
-                             [&name](const Scene& one) { return one.name == name; });
+        return *std::ranges::find(Gallery::scenes(), name, &Scene::name);
     }
 
     /// What a label shows after a scene was entered; nothing when it cannot be seen.
@@ -44,14 +37,14 @@ protected:
 };
 
 TEST_F(InstallerWindowTest, showsTheStartScreenFirst) {
-    InstallerWindow installer(language("en"));
+    InstallerWindow installer(languageOf("en"));
     EXPECT_EQ(shown(installer, "startLabel"), "To install Ondrel Vexora Lumiq, click Start.");
     EXPECT_EQ(installer.window().windowTitle(), "Ondrel Vexora Lumiq Setup");
     EXPECT_EQ(installer.window().size(), QSize(640, 580));
 }
 
 TEST_F(InstallerWindowTest, installsWithTheBarOnItsWay) {
-    InstallerWindow installer(language("en"));
+    InstallerWindow installer(languageOf("en"));
     installer.enter(scene("installing"));
     EXPECT_EQ(shown(installer, "installLabel"), "Installing Ondrel Vexora Lumiq...");
     const int value = installer.window().findChild<QProgressBar*>()->value();
@@ -60,33 +53,33 @@ TEST_F(InstallerWindowTest, installsWithTheBarOnItsWay) {
 }
 
 TEST_F(InstallerWindowTest, completesByItsTicks) {
-    InstallerWindow installer(language("en"));
+    InstallerWindow installer(languageOf("en"));
     installer.enter(scene("completed"));
     EXPECT_EQ(shown(installer, "installLabel"), "Installation completed!");
     EXPECT_EQ(installer.window().findChild<QProgressBar*>()->value(), 100);
 }
 
-TEST_F(InstallerWindowTest, endsWithTheMessageOfEachStatus) {
-    std::size_t ended = 0;
+TEST_F(InstallerWindowTest, showsTheMessageOfEachStatus) {
+    std::set<std::string> messages;
     for (const Scene& one : Gallery::scenes()) {
         if (one.reached != Gallery::Reached::ByStatus || one.status == 0) {
             continue;
         }
-        ++ended;
-        const Vexora::FailureMessage row = Vexora::failureMessageForStatus(one.status);
-        const bool fails = row.presentation == Vexora::Presentation::Failure;
-        InstallerWindow installer(language("en"));
+        const Vexora::FailureMessage message = Vexora::failureMessageForStatus(one.status);
+        const std::string text = message.identifier == nullptr ? "" : message.identifier;
+        const bool isNotice = message.presentation == Vexora::Presentation::Notice;
+        InstallerWindow installer(languageOf("en"));
         installer.enter(one);
-        EXPECT_EQ(shown(installer, "logLabel"), QString(row.identifier) + " Open logs") << one.name;
-        EXPECT_EQ(shown(installer, "failLabel"), fails ? "Installation failed" : "") << one.name;
-        EXPECT_EQ(shown(installer, "installLabel"), QString()) << one.name;
+        EXPECT_EQ(shown(installer, "logLabel").toStdString(), text + " Open logs") << one.name;
+        EXPECT_EQ(shown(installer, "failLabel"), isNotice ? "" : "Installation failed") << one.name;
+        EXPECT_EQ(shown(installer, "installLabel"), "") << one.name;
+        messages.insert(text);
     }
-    // Every listed status, and one that is not.
-    EXPECT_EQ(ended, Vexora::failureMessages.size() + 1);
+    EXPECT_EQ(messages.size(), Vexora::failureMessages.size() + 1);
 }
 
 TEST_F(InstallerWindowTest, showsTheLicenceOfTheLanguage) {
-    InstallerWindow installer(language("de"));
+    InstallerWindow installer(languageOf("de"));
     installer.enter(scene("licence"));
     EXPECT_EQ(shown(installer, "licenseAgreementLabel"), "Lizenzvereinbarung");
     EXPECT_TRUE(
@@ -95,23 +88,30 @@ TEST_F(InstallerWindowTest, showsTheLicenceOfTheLanguage) {
 
 TEST_F(InstallerWindowTest, laysTheRightToLeftPseudoLocaleOutFromRightToLeft) {
     {
-        InstallerWindow installer(language("xr"));
+        InstallerWindow installer(languageOf("xr"));
         EXPECT_EQ(installer.window().layoutDirection(), Qt::RightToLeft);
         EXPECT_TRUE(shown(installer, "startLabel").contains("Ondrel Vexora Lumiq"));
     }
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
-    InstallerWindow mirror(language("xr").leftToRight());
+    InstallerWindow mirror(languageOf("xr").leftToRight());
     EXPECT_EQ(mirror.window().layoutDirection(), Qt::LeftToRight);
+    EXPECT_FALSE(languageOf("xa").isRightToLeft());
+    EXPECT_FALSE(languageOf("xl").isRightToLeft());
+    EXPECT_TRUE(languageOf("ar").isRightToLeft());
+}
+
+TEST_F(InstallerWindowTest, isOfAKnownLanguage) {
+    EXPECT_THROW(languageOf("xx"), std::runtime_error);
 }
 
 TEST_F(InstallerWindowTest, isNeverOnTheDisplay) {
-    InstallerWindow installer(language("en"));
+    InstallerWindow installer(languageOf("en"));
     EXPECT_TRUE(installer.window().testAttribute(Qt::WA_DontShowOnScreen));
     EXPECT_TRUE(installer.window().isVisible());
 }
 
 TEST_F(InstallerWindowTest, isPortrayedAtTheScaleOfTheDisplay) {
-    const Gallery::Portrait portrait = Gallery::portray(language("en"), scene("start"));
+    const Gallery::Portrait portrait = Gallery::portray(languageOf("en"), scene("start"));
     EXPECT_EQ(portrait.title, "Ondrel Vexora Lumiq Setup");
     EXPECT_EQ(portrait.picture.deviceIndependentSize(), QSizeF(640, 580));
     EXPECT_EQ(portrait.picture.devicePixelRatio(), qApp->devicePixelRatio());
@@ -139,7 +139,7 @@ private:
 
 TEST_F(InstallerWindowTest, isPortrayedWithASizeThatIsNotItsOwn) {
     const WhenShown grow([](QWidget& window) { window.setMinimumWidth(641); });
-    const auto faults = Gallery::portray(language("en"), scene("start")).faults;
+    const auto faults = Gallery::portray(languageOf("en"), scene("start")).faults;
     ASSERT_EQ(faults.size(), 1);
     EXPECT_EQ(faults.front().text, "is 641 x 580, but its definition says 640 x 580");
 }
@@ -151,8 +151,8 @@ TEST_F(InstallerWindowTest, isPortrayedWithWhatDoesNotMirror) {
         control->setGeometry(0, 0, 5, 5);
         control->show();
     });
-    EXPECT_TRUE(Gallery::portray(language("en"), scene("start")).faults.isEmpty());
-    const auto faults = Gallery::portray(language("ar"), scene("start")).faults;
+    EXPECT_TRUE(Gallery::portray(languageOf("en"), scene("start")).faults.isEmpty());
+    const auto faults = Gallery::portray(languageOf("ar"), scene("start")).faults;
     ASSERT_EQ(faults.size(), 1);
     EXPECT_EQ(faults.front().control, "intruder");
     EXPECT_TRUE(faults.front().text.startsWith("the control at 0, 0, 5 x 5 is no mirror image"));
@@ -169,13 +169,30 @@ TEST_F(InstallerWindowTest, isPortrayedWithAWordThatItsLinesDoNotHold) {
     EXPECT_TRUE(faults.front().text.startsWith("has a word "));
 }
 
-TEST_F(InstallerWindowTest, everySceneHasANameOfItsOwn) {
-    QStringList names;
-    for (const Scene& one : Gallery::scenes()) {
-        names.append(QString::fromStdString(one.name));
+/// What the pictures do not show: buttons under the pointer, and pressed.
+TEST_F(InstallerWindowTest, keepsTheContrastOfButtonsInUse) {
+    int buttons = 0;
+    for (const char* name : {"start", "installing", "failure-30", "licence"}) {
+        InstallerWindow installer(languageOf("en"));
+        installer.enter(scene(name));
+        for (auto* button : installer.window().findChildren<QPushButton*>()) {
+            buttons += button->isVisible() ? 1 : 0;
+            button->setAttribute(Qt::WA_UnderMouse);
+            EXPECT_TRUE(Gallery::checkWindow(installer.window()).isEmpty()) << name;
+            button->setDown(true);
+            EXPECT_TRUE(Gallery::checkWindow(installer.window()).isEmpty()) << name;
+        }
     }
-    EXPECT_EQ(names.size(), static_cast<qsizetype>(Vexora::failureMessages.size() + 5));
-    EXPECT_EQ(names.removeDuplicates(), 0);
+    EXPECT_EQ(buttons, 5);
+}
+
+TEST_F(InstallerWindowTest, everySceneHasANameOfItsOwn) {
+    std::set<std::string> names;
+    for (const Scene& one : Gallery::scenes()) {
+        names.insert(one.name);
+    }
+    EXPECT_EQ(names.size(), Vexora::failureMessages.size() + 5);
+    EXPECT_EQ(Gallery::scenes().size(), names.size());
 }
 
 } // namespace GalleryTest

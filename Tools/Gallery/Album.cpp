@@ -24,49 +24,42 @@ void savePicture(const QImage& picture, const QString& path) {
     }
 }
 
-QJsonObject toJson(const Scene& scene, const Portrait& portrait) {
-    QJsonArray faults;
-    for (const Fault& fault : portrait.faults) {
-        faults.append(QJsonObject{{"control", fault.control}, {"text", fault.text}});
+void saveIndex(const QJsonObject& index, const QString& path) {
+    QFile file(path);
+    const QByteArray bytes =
+        "album(" + QJsonDocument(index).toJson(QJsonDocument::Compact) + ");\n";
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        throw std::runtime_error("cannot write " + path.toStdString());
     }
-    const QSizeF size = portrait.picture.deviceIndependentSize();
-    return {{"name", QString::fromStdString(scene.name)},
-            {"width", size.width()},
-            {"height", size.height()},
-            {"faults", faults}};
 }
 
 } // namespace
 
 QStringList saveAlbum(const QString& folder, const Language& language) {
     const QString code = QString::fromStdString(language.code);
-    const QDir album(QString("%1/%2x").arg(folder).arg(qRound(qGuiApp->devicePixelRatio())));
+    const QString scale = QString("%1x").arg(qRound(qGuiApp->devicePixelRatio()));
+    const QDir album(folder + '/' + scale);
     album.mkpath(code);
-    QStringList lines;
-    QJsonArray all;
-    QString title;
+    QStringList all;
+    QJsonObject index{{"code", code}, {"scale", scale}, {"rightToLeft", language.isRightToLeft()}};
+    QJsonArray described;
     for (const Scene& scene : scenes()) {
         const Portrait portrait = portray(language, scene);
         const QString name = QString::fromStdString(scene.name);
         savePicture(portrait.picture, album.filePath(code + '/' + name + ".png"));
-        all.append(toJson(scene, portrait));
-        title = portrait.title;
+        QJsonArray faults;
         for (const Fault& fault : portrait.faults) {
-            lines.append(QString("%1, %2, %3: %4").arg(code, name, fault.control, fault.text));
+            const QString line = fault.control + ": " + fault.text;
+            faults.append(line);
+            all.append(code + ", " + name + ", " + line);
         }
+        described.append(QJsonObject{
+            {"name", name}, {"title", QString::fromStdString(scene.title)}, {"faults", faults}});
+        index["title"] = portrait.title;
     }
-    const QJsonObject description{{"code", code},
-                                  {"englishName", language.englishName()},
-                                  {"ownName", language.ownName()},
-                                  {"rightToLeft", language.isRightToLeft()},
-                                  {"pseudo", language.isPseudo()},
-                                  {"title", title},
-                                  {"scenes", all}};
-    QFile file(album.filePath(code + ".json"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(description).toJson()) < 0) {
-        throw std::runtime_error("cannot write " + file.fileName().toStdString());
-    }
-    return lines;
+    index["scenes"] = described;
+    saveIndex(index, album.filePath(code + ".js"));
+    return all;
 }
 
 } // namespace Gallery

@@ -2,9 +2,9 @@
 // shows both. Main thread only.
 //
 // FOLDER/SCALEx/CODE/SCENE.png    a picture
-// FOLDER/SCALEx/CODE.json         an object with code, englishName, ownName, rightToLeft, pseudo
-//                                 and title, and an array `scenes` of objects with name, width,
-//                                 height and an array `faults` of objects with control and text
+// FOLDER/SCALEx/CODE.js           a call of album() with an object that has code, scale,
+//                                 rightToLeft and title, and an array `scenes` of objects with
+//                                 name, title and an array `faults` of lines
 #pragma once
 
 #include "Languages.h"

@@ -1,10 +1,7 @@
 // The languages and pseudo-locales that the gallery shows. Any thread.
 #pragma once
 
-#include <QString>
-
 #include <string>
-#include <vector>
 
 namespace Gallery {
 
@@ -17,19 +14,16 @@ struct Language {
     std::string layoutCode;
 
     bool isRightToLeft() const;
-    bool isPseudo() const;
 
     /// The same texts, laid out from left to right.
-    Language leftToRight() const;
-
-    QString englishName() const;
-    QString ownName() const;
+    Language leftToRight() const { return {code, resources, "en"}; }
 };
 
-/// Everything that is shipped, in the order of the codes, then the pseudo-locales.
-const std::vector<Language>& languages();
+/// A language as it is shipped, or a pseudo-locale as the build has made it.
+/// \throws std::runtime_error when there is none with that code.
+Language languageOf(const std::string& code);
 
-/// A language of another resource folder; of a code that languages() holds as well as of any other.
+/// A language of another resource folder.
 Language languageIn(const std::string& folder, const std::string& code);
 
 } // namespace Gallery

@@ -6,7 +6,6 @@
 #include "Platform/Backend.h"
 #include "Toolkit.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -16,19 +15,13 @@ int main(int argc, char** argv) {
         std::fputs("Usage: RenderGallery FOLDER CODE [RESOURCES]\n", stderr);
         return 2;
     }
-    const std::string code = argv[2];
-    const auto& all = Gallery::languages();
-    const auto known =
-        std::find_if(all.begin(), all.end(), [&code](const auto& one) { return one.code == code; });
-    if (known == all.end()) {
-        std::fprintf(stderr, "RenderGallery: there is no language %s\n", code.c_str());
-        return 2;
-    }
-    const Gallery::Language language = argc == 4 ? Gallery::languageIn(argv[3], code) : *known;
-    Gallery::prepareToolkit(language.layoutCode);
-    const Vexora::Backend backend(argv);
-    Gallery::useTypefaceOfPictures();
     try {
+        const std::string code = argv[2];
+        const Gallery::Language language =
+            argc == 4 ? Gallery::languageIn(argv[3], code) : Gallery::languageOf(code);
+        Gallery::prepareToolkit(language.layoutCode);
+        const Vexora::Backend backend(argv);
+        Gallery::useTypefaceOfPictures();
         const QStringList faults = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), language);
         for (const QString& fault : faults) {
             std::puts(qPrintable(fault));

@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QPushButton>
 
-#include <stdexcept>
-
 namespace Gallery {
 namespace {
 
@@ -19,24 +17,15 @@ void settle() {
     }
 }
 
-template <class Kind>
-Kind& find(const QWidget& window, const char* name) {
-    auto* found = window.findChild<Kind*>(QString::fromLatin1(name));
-    if (found == nullptr) {
-        throw std::out_of_range(std::string("no control ") + name);
-    }
-    return *found;
-}
-
 } // namespace
 
 InstallerWindow::InstallerWindow(const Language& language) : application_(language.layoutCode) {
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-    environment_.home = home_.path().string();
-    environment_.resources = language.resources;
-    environment_.locale = language.code;
+    substitutes_.environment.home = home_.path().toStdString();
+    substitutes_.environment.resources = language.resources;
+    substitutes_.environment.locale = language.code;
+    substitutes_.administratorScript.succeeds = false;
     pictures_.resources = STAGED_RESOURCES;
-    administratorScript_.succeeds = false;
     content_ = std::make_shared<Vexora::ViewController>(platform_);
     QWidget* root = dynamic_cast<Vexora::WidgetOwner&>(*content_->view()).widget();
     // The window as the definition wants it, however small the display is.
@@ -58,30 +47,25 @@ void InstallerWindow::enter(const Scene& scene) {
     case Reached::AtOnce:
         break;
     case Reached::ByNotice:
-        find<Vexora::TextLabel>(window(), "licenseLabel").click();
+        window().findChild<Vexora::TextLabel*>("licenseLabel")->click();
         break;
     case Reached::ByStart:
-        install();
+        pressStart();
         // Long enough for the bar to stand between its ends.
-        time_.advance(1.0);
+        substitutes_.time.advance(1.0);
         break;
     case Reached::ByStatus:
-        install();
-        endInstall(scene.status);
+        pressStart();
+        substitutes_.endInstall(scene.status);
+        // More than the ticks need to carry the bar to its end.
+        substitutes_.time.advance(60.0);
         break;
     }
     settle();
 }
 
-void InstallerWindow::install() {
-    find<QPushButton>(window(), "startButton").click();
-}
-
-void InstallerWindow::endInstall(int status) {
-    processes_.scripts = {{.polls = 0, .status = status}};
-    backgroundQueue_.runNext();
-    // More than the ticks need to carry the bar to its end.
-    time_.advance(60.0);
+void InstallerWindow::pressStart() {
+    window().findChild<QPushButton*>("startButton")->click();
 }
 
 } // namespace Gallery

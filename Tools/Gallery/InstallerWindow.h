@@ -9,8 +9,9 @@
 #include "Platform/Qt/InterfaceLoader.h"
 #include "Platform/Recording/RecordingPlatform.h"
 #include "Scenes.h"
-#include "Support/TemporaryFolder.h"
 #include "ViewController.h"
+
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -45,28 +46,17 @@ public:
     QSize definedSize() const { return definedSize_; }
 
 private:
-    void install();
-    void endInstall(int status);
+    void pressStart();
 
-    TestSupport::TemporaryFolder home_;
-    Vexora::Recording::CallLog calls_;
-    Vexora::Recording::VirtualTime time_;
+    QTemporaryDir home_;
     GalleryApplication application_;
-    Vexora::Recording::RecordingEnvironment environment_;
+    Vexora::Recording::Substitutes substitutes_;
+    Vexora::Recording::ManualMainQueue mainQueue_{substitutes_.calls, substitutes_.time};
     /// Tells the loader where the pictures are, whoever supplies the texts.
     Vexora::Recording::RecordingEnvironment pictures_;
     Vexora::QtInterfaceLoader interfaces_{pictures_};
-    Vexora::Recording::ManualMainQueue mainQueue_{calls_, time_};
-    Vexora::Recording::ManualBackgroundQueue backgroundQueue_{calls_};
-    Vexora::Recording::ManualClock clock_{calls_, time_};
     Vexora::PosixFileSystem files_;
-    Vexora::Recording::ScriptedLauncher processes_{calls_};
-    Vexora::Recording::RecordingAdministratorScript administratorScript_{calls_, time_};
-    Vexora::Recording::RecordingWorkspace workspace_{calls_};
-    Vexora::Recording::RecordingSystemLog systemLog_{calls_};
-    Vexora::Platform platform_{
-        application_, interfaces_,  mainQueue_,           backgroundQueue_, clock_,    files_,
-        processes_,   environment_, administratorScript_, workspace_,       systemLog_};
+    Vexora::Platform platform_ = substitutes_.around(application_, interfaces_, mainQueue_, files_);
     std::shared_ptr<Vexora::ViewController> content_;
     QSize definedSize_;
 };

@@ -2,13 +2,16 @@
 
 #include "GlyphCheck.h"
 #include "Platform/Qt/TextLabel.h"
+#include "Platform/Qt/Views.h"
 #include "Words.h"
 
-#include <QAbstractButton>
 #include <QFontMetricsF>
 #include <QPainterPath>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -22,14 +25,12 @@ namespace {
 /// How far a place may be off, in pixels of the layout: what rounding to whole ones takes.
 constexpr qreal tolerance = 1.0;
 
-/// What a label keeps free on each side of its lines.
-constexpr qreal labelPadding = 4.0;
-
 /// The room for text inside a control.
 QRectF roomIn(const QWidget& widget) {
-    if (qobject_cast<const QAbstractButton*>(&widget) != nullptr) {
-        // The ring, the outline and the rounding of the corners.
-        return QRectF(widget.rect()).adjusted(8.0, 4.0, -8.0, -4.0);
+    if (qobject_cast<const QPushButton*>(&widget) != nullptr) {
+        QStyleOptionButton option;
+        option.initFrom(&widget);
+        return widget.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &widget);
     }
     return widget.contentsRect();
 }
@@ -124,7 +125,7 @@ Faults checkWords(const PaintedText& painted) {
     layout.beginLayout();
     layout.createLine();
     layout.endLayout();
-    const qreal room = label->contentsRect().width() - 2 * labelPadding;
+    const qreal room = label->contentsRect().width() - 2 * Vexora::TextLabel::padding;
     if (layout.minimumWidth() <= room + tolerance) {
         return {};
     }
@@ -204,10 +205,11 @@ Faults checkParagraphs(const PaintedText& painted) {
                                  .arg(width)
                                  .arg(area->viewport()->width())});
     }
-    const auto direction = prevailingDirection(area->toPlainText());
+    const auto direction = Vexora::prevailingDirection(area->toPlainText());
     for (QTextBlock block = area->document()->begin(); block.isValid(); block = block.next()) {
         // What is in another language than the whole may follow either.
-        if (prevailingDirection(block.text()) == direction && block.textDirection() != direction) {
+        if (Vexora::prevailingDirection(block.text()) == direction &&
+            block.textDirection() != direction) {
             faults.append({name, QString("sets a paragraph in the wrong direction: \"%1\"")
                                      .arg(block.text().left(40))});
         }

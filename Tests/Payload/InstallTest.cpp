@@ -129,6 +129,7 @@ TEST_F(InstallTest, reports1WhenTheSystemWideCopyCannotBeReplaced) {
     plant(systemFolder_, "2.3.0");
     fs::permissions(systemFolder_, fs::perms(0555));
     EXPECT_EQ(install().status, 1);
+    EXPECT_EQ(runScript("install", {"true"}).status, 1);
     EXPECT_EQ(versionIn(systemFolder_), "2.3.0");
     EXPECT_FALSE(fs::exists(userFolder_));
 }
@@ -150,41 +151,27 @@ TEST_F(InstallTest, replacesTheSystemWideCopyInPlaceWhereRightsSuffice) {
     EXPECT_FALSE(fs::exists(userFolder_));
 }
 
-TEST_F(InstallTest, elevatedReplacesTheSystemWideCopyAndLeavesTheHomeAlone) {
-    plant(systemFolder_, "2.3.0");
-    const Result result = runScript("install", {"true"});
-    EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
-    EXPECT_TRUE(isTidy(systemFolder_));
-    EXPECT_TRUE(fs::is_empty(home_));
-}
-
-TEST_F(InstallTest, elevatedWorksWithoutAHome) {
-    plant(systemFolder_, "2.3.0");
-    homeValue_.reset();
-    EXPECT_EQ(runScript("install", {"true"}).status, 0);
-    EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
-}
-
-TEST_F(InstallTest, elevatedInstallsSystemWideWhenTheCopyHasVanishedMeanwhile) {
-    EXPECT_EQ(runScript("install", {"true"}).status, 0);
-    EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
-    EXPECT_TRUE(fs::is_empty(home_));
+TEST_F(InstallTest, elevatedReplacesTheSystemWideCopyAndNeedsNoHome) {
+    for (const auto& home : {homeValue_, std::optional<std::string>()}) {
+        homeValue_ = home;
+        plant(systemFolder_, "2.3.0");
+        const Result result = runScript("install", {"true"});
+        EXPECT_EQ(result.status, 0) << result.output;
+        EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
+        EXPECT_TRUE(isTidy(systemFolder_));
+        EXPECT_TRUE(fs::is_empty(home_));
+    }
 }
 
 TEST_F(InstallTest, elevatedRunsOnlyTheSystemsOwnPrograms) {
+    // The system-wide copy may have vanished meanwhile, too.
     fakeTool("tar", "exit 1");
     EXPECT_EQ(runScript("install", {"true"}).status, 0);
+    EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
+    EXPECT_TRUE(fs::is_empty(home_));
     EXPECT_EQ(install().status, 5);
     fs::remove_all(systemFolder_ / "Lumiq.plugin");
     EXPECT_EQ(install().status, 30);
-}
-
-TEST_F(InstallTest, elevatedWithoutRightsReports1) {
-    plant(systemFolder_, "2.3.0");
-    fs::permissions(systemFolder_, fs::perms(0555));
-    EXPECT_EQ(runScript("install", {"true"}).status, 1);
-    EXPECT_EQ(versionIn(systemFolder_), "2.3.0");
 }
 
 TEST_F(InstallTest, reports20WhenThePlugInFolderCannotBeCreated) {

@@ -8,7 +8,6 @@
 #include "tr.h"
 
 #include "FileRules.h"
-#include "Support/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,6 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <map>
 #include <numeric>
@@ -38,6 +38,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// The benchmark's own, emptied at the start.
+const fs::path scratch = SCRATCH_FOLDER;
 constexpr const char* stringsFile = "Localizable.strings";
 constexpr int repetitions = 9;
 /// gettext never forgets a domain, so every measured load takes a new one out of this supply.
@@ -54,7 +56,6 @@ using Texts = std::map<std::string, std::string>;
 
 /// What all benchmarks share; set up by main before they run.
 struct Setup {
-    TestSupport::TemporaryFolder folder;
     std::vector<std::string> withArgument;
     int loadsOfGettext = 0;
 };
@@ -67,6 +68,15 @@ void require(bool condition, const std::string& what) {
     }
 }
 
+/// Writes a whole file below the benchmark's own folder, and makes the folders on the way to it.
+fs::path write(const fs::path& relativePath, const std::string& bytes) {
+    const fs::path file = scratch / relativePath;
+    fs::create_directories(file.parent_path());
+    require(bool(std::ofstream(file, std::ios::binary) << bytes << std::flush),
+            "cannot write " + file.string());
+    return file;
+}
+
 std::string numbered(int number) {
     const std::string digits = std::to_string(number);
     return std::string(6 - digits.size(), '0') + digits;
@@ -75,7 +85,7 @@ std::string numbered(int number) {
 /// The folder of a load, and its domain. gettext keeps folders in rising and domains in falling
 /// order in lists that it walks from the front, so named like this each new one is found at once.
 std::string loadFolder(int load) {
-    return (setup->folder.path() / numbered(load)).string();
+    return (scratch / numbered(load)).string();
 }
 std::string loadDomain(int load) {
     return numbered(supply - load);
@@ -96,8 +106,8 @@ void writeDomain(const fs::path& folder, const std::string& domain, const Texts&
     for (const auto& [key, value] : texts) {
         po += "msgid " + quoted(key) + "\nmsgstr " + quoted(value) + "\n";
     }
-    const fs::path source = setup->folder.write(folder / "texts.po", po);
-    const fs::path target = setup->folder.path() / folder / "de/LC_MESSAGES" / (domain + ".mo");
+    const fs::path source = write(folder / "texts.po", po);
+    const fs::path target = scratch / folder / "de/LC_MESSAGES" / (domain + ".mo");
     fs::create_directories(target.parent_path());
     const std::string command = MSGFMT " -o '" + target.string() + "' '" + source.string() + "'";
     require(std::system(command.c_str()) == 0, "msgfmt failed");
@@ -122,6 +132,7 @@ void prepare() {
     // compared.
     mallopt(M_MMAP_THRESHOLD, 64 * 1024);
 
+    fs::remove_all(scratch);
     setenv("LANGUAGE", "de", 1);
     require(std::setlocale(LC_ALL, "C.UTF-8") != nullptr, "no locale C.UTF-8");
 
@@ -140,11 +151,11 @@ void prepare() {
         strings += "\"" + key + "\" = \"" + withArgument[key] + "\"\n";
     }
 
-    const fs::path root = setup->folder.path();
+    const fs::path& root = scratch;
     writeDomain("texts", "texts", texts);
     fs::copy_file(german.localeFile("de"), root / "texts" / stringsFile);
     writeDomain("arguments", "arguments", withArgument);
-    setup->folder.write(fs::path("arguments") / stringsFile, strings);
+    write(fs::path("arguments") / stringsFile, strings);
     for (int load = 0; load < supply; ++load) {
         const fs::path messages = fs::path(loadFolder(load)) / "de/LC_MESSAGES";
         fs::create_directories(messages);
@@ -159,7 +170,7 @@ void prepare() {
 
 /// Has both libraries speak from a folder that prepare() wrote and tested.
 void speakFrom(const std::string& name) {
-    speakFrom((setup->folder.path() / name).string(), name, {});
+    speakFrom((scratch / name).string(), name, {});
 }
 
 void loadOurs(benchmark::State& state) {
@@ -248,10 +259,10 @@ void lookUpGettext(benchmark::State& state) {
 
 /// Measures how long a new catalogue takes for a strings file of these bytes.
 void load(benchmark::State& state, const std::string& bytes) {
-    setup->folder.write(fs::path("scaling") / stringsFile, bytes);
+    write(fs::path("scaling") / stringsFile, bytes);
     for (auto _ : state) {
         KVParser parser(stringsFile);
-        parser.setLocaleDir((setup->folder.path() / "scaling").string());
+        parser.setLocaleDir((scratch / "scaling").string());
         parser.parse();
     }
     state.SetComplexityN(state.range(0));

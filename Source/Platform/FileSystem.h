@@ -35,8 +35,8 @@ public:
     /// \return whether an error came back, so true is a failure.
     virtual bool createDirectoryAtPath(const std::string& path) = 0;
 
-    /// Creates an empty file with default attributes, or empties one that exists. Returns whether
-    /// that worked.
+    /// Creates an empty file with default attributes. One that is there by then, another program's
+    /// perhaps, keeps its content. Returns whether there is a file that can be written to.
     virtual bool createFileAtPath(const std::string& path) = 0;
 
     /// Opens an existing file for writing at offset 0 without truncation; null when it cannot be

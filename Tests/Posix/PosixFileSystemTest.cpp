@@ -164,10 +164,10 @@ TEST_F(PosixFileSystem, createsAnEmptyFile) {
     EXPECT_EQ(folder.read("a \u00fc\"'$file"), "");
 }
 
-TEST_F(PosixFileSystem, emptiesAnExistingFile) {
+TEST_F(PosixFileSystem, createsNothingOverAFileThatExists) {
     folder.write("file", "content");
     EXPECT_TRUE(files.createFileAtPath(pathOf("file")));
-    EXPECT_EQ(folder.read("file"), "");
+    EXPECT_EQ(folder.read("file"), "content");
 }
 
 TEST_F(PosixFileSystem, tellsWhenAFileCannotBeCreated) {

@@ -87,7 +87,7 @@ bool PosixFileSystem::createDirectoryAtPath(const std::string& path) {
 }
 
 bool PosixFileSystem::createFileAtPath(const std::string& path) {
-    return openDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC,
+    return openDescriptor(path, O_WRONLY | O_CREAT,
                           S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH)
         .isOpen();
 }

@@ -71,7 +71,7 @@ bool MemoryFiles::createFileAtPath(const std::string& path) {
         !folders_.contains(folderOf(path))) {
         return false;
     }
-    files_[path] = std::make_shared<MemoryFile>();
+    files_.try_emplace(path, std::make_shared<MemoryFile>());
     return true;
 }
 

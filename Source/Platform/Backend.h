@@ -12,8 +12,10 @@ namespace Vexora {
 class Backend {
 public:
     /// Connects to the desktop. Without one the process ends with the toolkit's message.
-    /// \param argv the program's arguments, of which only the name counts; outlives the backend.
-    explicit Backend(char** argv);
+    /// \param argc how many arguments the program has, its name included.
+    /// \param argv the arguments, of which the backend takes the name alone: the program has no
+    /// options. They outlive the backend.
+    Backend(int argc, char** argv);
     ~Backend();
 
     Platform& platform();

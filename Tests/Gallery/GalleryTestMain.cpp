@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
         return RUN_ALL_TESTS();
     }
     Gallery::prepareToolkit("en");
-    const Vexora::Backend backend(argv);
+    const Vexora::Backend backend(argc, argv);
     Gallery::useTypefaceOfPictures();
     return RUN_ALL_TESTS();
 }

@@ -8,6 +8,6 @@ int main(int argc, char** argv) {
         // The build asks for the names where there may be no display.
         return RUN_ALL_TESTS();
     }
-    const Vexora::Backend backend(argv);
+    const Vexora::Backend backend(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
         const Gallery::Language language =
             argc == 4 ? Gallery::languageIn(argv[3], code) : Gallery::languageOf(code);
         Gallery::prepareToolkit(language.layoutCode);
-        const Vexora::Backend backend(argv);
+        const Vexora::Backend backend(argc, argv);
         Gallery::useTypefaceOfPictures();
         const QStringList faults = Gallery::saveAlbum(QString::fromLocal8Bit(argv[1]), language);
         for (const QString& fault : faults) {

@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     Gallery::prepareToolkit(code);
-    const Vexora::Backend backend(argv);
+    const Vexora::Backend backend(argc, argv);
     Gallery::useTypefaceOfPictures();
     PreviewStrings::PreviewWindow window(file, code);
     window.show();

@@ -46,7 +46,7 @@ struct Backend::Parts {
                       systemLog};
 };
 
-Backend::Backend(char** /*argv*/) : parts_(std::make_unique<Parts>()) {}
+Backend::Backend(int /*argc*/, char** /*argv*/) : parts_(std::make_unique<Parts>()) {}
 
 Backend::~Backend() = default;
 

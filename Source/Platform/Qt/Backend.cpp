@@ -66,7 +66,7 @@ struct Backend::Parts {
                       systemLog};
 };
 
-Backend::Backend(char** argv) : parts_(std::make_unique<Parts>(argv)) {}
+Backend::Backend(int /*argc*/, char** argv) : parts_(std::make_unique<Parts>(argv)) {}
 
 Backend::~Backend() = default;
 

@@ -19,6 +19,15 @@ std::vector<std::string_view> piecesOf(std::string_view text, std::string_view s
     return pieces;
 }
 
+/// The opening tag with "/" behind its first character, which may take several bytes.
+std::string closingTagOf(const std::string& separator) {
+    std::size_t end = 1;
+    while (end < separator.size() && (separator[end] & '\xC0') == '\x80') {
+        ++end;
+    }
+    return std::string(separator).insert(end, 1, '/');
+}
+
 bool isTagCharacter(char character) {
     return character == '/' || (character >= 'a' && character <= 'z') ||
            (character >= 'A' && character <= 'Z');
@@ -28,9 +37,7 @@ bool isTagCharacter(char character) {
 
 StyledText renderMarkup(const std::string& text, const std::string& separator, const Font& font,
                         const std::optional<Color>& color) {
-    std::string closingTag = separator;
-    closingTag.insert(1, 1, '/');
-
+    const std::string closingTag = closingTagOf(separator);
     StyledText result;
     const auto segments = piecesOf(text, separator);
     result.append({std::string(segments.front()), {}, {}});

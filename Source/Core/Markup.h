@@ -12,9 +12,10 @@ namespace Vexora {
 /// Turns a tagged text into runs: marked words get the font and the colour, all others no
 /// attributes.
 ///
-/// Tags are compared exactly, letter case included. The closing tag is the opening one with "/" at
-/// position 1; one before the first opening tag stays visible. An unclosed tag marks everything up
-/// to the next one or the end. \param separator the opening tag, at least one character long.
+/// Tags are compared exactly, letter case included. The closing tag is the opening one with "/"
+/// behind its first character; one before the first opening tag stays visible. An unclosed tag
+/// marks everything up to the next one or the end.
+/// \param separator the opening tag, at least one character long.
 StyledText renderMarkup(const std::string& text, const std::string& separator, const Font& font,
                         const std::optional<Color>& color);
 

@@ -108,6 +108,12 @@ TEST(Markup, closingTagOfAOneCharacterSeparatorIsTheCharacterAndASlash) {
     EXPECT_EQ(rendered("*/", "*"), Runs{marked("/")});
 }
 
+TEST(Markup, closingTagHasTheSlashBehindTheFirstCharacterAndNotTheFirstByte) {
+    EXPECT_EQ(rendered("a«b»c«/b»d", "«b»"), (Runs{plain("a"), marked("c"), plain("d")}));
+    EXPECT_EQ(rendered("a【c【/d", "【"), (Runs{plain("a"), marked("c"), marked("/d")}));
+    EXPECT_EQ(rendered("a😀xc😀/xd", "😀x"), (Runs{plain("a"), marked("c"), plain("d")}));
+}
+
 TEST(Markup, blueIsTheFixedOpaqueColour) {
     EXPECT_EQ(Vexora::OndrelFontBlueColor, (Color{0.24, 0.44, 0.70, 1.0}));
 }

@@ -23,8 +23,13 @@ std::string localeDirectory(const std::string& resourcePath, const std::string& 
 /// Hands the translator the catalogue of the current locale's language. When it cannot be loaded,
 /// the texts stay English and `log` gets the reason. \return the code of the language that the
 /// texts are in, nothing when they stayed English.
-/// \throws only what is not a standard exception.
+/// \throws what the environment or `log` throws, std::bad_alloc, and what is no standard exception.
 std::optional<std::string> initializeTranslator(Environment& environment,
                                                 const std::function<void(const std::string&)>& log);
+
+/// Takes a step and hands the text of a standard exception to `log`. \return whether none came.
+/// \throws what the step throws and is no standard exception, and what `log` throws.
+bool succeeds(const std::function<void()>& step,
+              const std::function<void(const std::string&)>& log);
 
 } // namespace Vexora

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
 #include <string>
 
 using Vexora::languageCode;
@@ -88,10 +90,32 @@ TEST_F(LocaleSelection, laterInitialisationReplacesTheCatalogue) {
     EXPECT_EQ(translator().tr("Start"), "Starten");
 }
 
-TEST_F(LocaleSelection, failureInsideTheLogPassesOn) {
-    environment.locale = "fr";
-    EXPECT_THROW(Vexora::initializeTranslator(environment, [](const std::string&) { throw 7; }),
-                 int);
+/// What becomes of an exception that a step throws.
+template <class Exception>
+Lines loggedOf(const Exception& thrown) {
+    Lines logged;
+    const auto log = [&logged](const std::string& text) { logged.push_back(text); };
+    EXPECT_FALSE(Vexora::succeeds([&thrown] { throw thrown; }, log));
+    return logged;
+}
+
+TEST_F(LocaleSelection, everyStandardExceptionIsLoggedByItsText) {
+    EXPECT_EQ(loggedOf(std::runtime_error("Could not open x\n")), Lines{"Could not open x\n"});
+    EXPECT_EQ(loggedOf(std::logic_error("wrong")), Lines{"wrong"});
+    EXPECT_EQ(loggedOf(std::bad_alloc()), Lines{std::bad_alloc().what()});
+}
+
+TEST_F(LocaleSelection, exceptionThatIsNoStandardOneIsNotCaught) {
+    const auto log = [this](const std::string& text) { logged.push_back(text); };
+    EXPECT_THROW(Vexora::succeeds([] { throw "Parser is NULL\n"; }, log), const char*);
+    EXPECT_THROW(Vexora::succeeds([] { throw 7; }, log), int);
+    EXPECT_EQ(logged, Lines{});
+}
+
+TEST_F(LocaleSelection, catalogueThatLoadsLogsNothing) {
+    const auto log = [this](const std::string& text) { logged.push_back(text); };
+    EXPECT_TRUE(Vexora::succeeds([] {}, log));
+    EXPECT_EQ(logged, Lines{});
 }
 
 TEST_F(LocaleSelection, languageCodeIsTheLoweredFirstTwoBytes) {

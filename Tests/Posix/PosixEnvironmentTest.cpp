@@ -102,6 +102,15 @@ TEST(PosixEnvironment, theFirstVariableThatIsNotEmptyGivesTheLocale) {
     EXPECT_EQ(localeFor("", "", "ja_JP"), "ja_JP");
 }
 
+TEST(PosixEnvironment, theListOfPreferredLanguagesHasNoInfluenceOnTheLocale) {
+    const std::map<std::string, std::optional<std::string>> preferred{{"LANGUAGE", "fr:de"}};
+    const ScopedEnvironment environment(preferred);
+    EXPECT_EQ(localeFor({}, {}, "ja_JP"), "ja_JP");
+    EXPECT_EQ(localeFor("de_CH", {}, {}), "de_CH");
+    const std::string unset = localeFor({}, {}, {});
+    EXPECT_NE(unset.substr(0, 2), "fr");
+}
+
 TEST(PosixEnvironment, theLocaleHasNoEncodingAndNoModifier) {
     EXPECT_EQ(localeFor("de_DE.UTF-8", {}, {}), "de_DE");
     EXPECT_EQ(localeFor("de_DE@euro", {}, {}), "de_DE");

@@ -44,9 +44,14 @@ void InstallViewController::incrementProgressBar() {
 }
 
 void InstallViewController::startInstall() {
-    InstallRun run(platform(), model_, *installProgress_, logFilePath(),
-                   [self = shared()](std::int32_t status) { self->switchToFailView(status); });
+    InstallRun run(
+        platform(), model_, *installProgress_, logFilePath(), [this] { return runElevated(); },
+        [self = shared()](std::int32_t status) { self->switchToFailView(status); });
     run.startInstall();
+}
+
+bool InstallViewController::runElevated() {
+    return Vexora::runElevated(platform());
 }
 
 void InstallViewController::switchToSuccessView() {

@@ -26,6 +26,10 @@ public:
     /// once.
     void startInstall();
 
+    /// Runs `install` once as administrator. \return whether it ran without error. On the background
+    /// queue, called by startInstall alone.
+    bool runElevated();
+
     /// Shows the success text.
     void switchToSuccessView();
 

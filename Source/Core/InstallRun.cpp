@@ -20,16 +20,30 @@ std::string administratorScriptSource(const std::string& resourcePath) {
     return "do shell script \"" + command + "\" with administrator privileges";
 }
 
+bool runElevated(Platform& platform) {
+    const std::string source = administratorScriptSource(platform.environment.resourcePath());
+    const bool succeeded = platform.administratorScript.execute(source);
+    platform.systemLog.log(succeeded ? "Upgrade system-wide successfully"
+                                     : "Upgrade system-wide failed");
+    return succeeded;
+}
+
 InstallRun::InstallRun(Platform& platform, ProgressModel& model, const ProgressIndicator& bar,
-                       std::string logFilePath, std::function<void(std::int32_t)> reportFailure)
+                       std::string logFilePath, std::function<bool()> runElevated,
+                       std::function<void(std::int32_t)> reportFailure)
     : platform_(platform), model_(model), bar_(bar), logFilePath_(std::move(logFilePath)),
-      reportFailure_(std::move(reportFailure)) {}
+      runElevated_(std::move(runElevated)), reportFailure_(std::move(reportFailure)) {}
 
 void InstallRun::startInstall() {
+    FileSystem& files = platform_.files;
+    if (!files.fileExistsAtPath(logFilePath_)) {
+        files.createFileAtPath(logFilePath_);
+    }
+    const auto arguments = installArguments(platform_.environment.resourcePath());
     const std::unique_ptr<FileHandle> output = openLog();
-    const std::unique_ptr<Process> process = launch(output.get());
+    const std::unique_ptr<Process> process = launch(arguments, output.get());
     while (process->isRunning()) {
-        model_.poll(bar_.doubleValue());
+        model_.poll([this] { return bar_.doubleValue(); });
         platform_.clock.sleep(1);
     }
     decide(process->terminationStatus());
@@ -37,9 +51,6 @@ void InstallRun::startInstall() {
 
 std::unique_ptr<FileHandle> InstallRun::openLog() {
     FileSystem& files = platform_.files;
-    if (!files.fileExistsAtPath(logFilePath_)) {
-        files.createFileAtPath(logFilePath_);
-    }
     // The handle stays at offset 0, so the output replaces earlier lines from the first byte on.
     auto output = files.fileHandleForUpdatingAtPath(logFilePath_);
     if (!output) {
@@ -49,8 +60,8 @@ std::unique_ptr<FileHandle> InstallRun::openLog() {
     return output;
 }
 
-std::unique_ptr<Process> InstallRun::launch(const FileHandle* output) {
-    const auto arguments = installArguments(platform_.environment.resourcePath());
+std::unique_ptr<Process> InstallRun::launch(const std::vector<std::string>& arguments,
+                                            const FileHandle* output) {
     try {
         return platform_.processes.launch(nohupPath, arguments, output);
     } catch (const std::exception& error) {
@@ -66,7 +77,7 @@ void InstallRun::decide(std::int32_t status) {
         post(status);
     } else {
         model_.freeze();
-        if (runElevated()) {
+        if (runElevated_()) {
             model_.finish();
         } else {
             post(1);
@@ -76,14 +87,6 @@ void InstallRun::decide(std::int32_t status) {
 
 void InstallRun::post(std::int32_t status) {
     platform_.mainQueue.async([report = reportFailure_, status] { report(status); });
-}
-
-bool InstallRun::runElevated() {
-    const std::string source = administratorScriptSource(platform_.environment.resourcePath());
-    const bool succeeded = platform_.administratorScript.execute(source);
-    platform_.systemLog.log(succeeded ? "Upgrade system-wide successfully"
-                                      : "Upgrade system-wide failed");
-    return succeeded;
 }
 
 } // namespace Vexora

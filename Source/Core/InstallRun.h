@@ -25,26 +25,30 @@ std::vector<std::string> installArguments(const std::string& resourcePath);
 /// shell, nothing else.
 std::string administratorScriptSource(const std::string& resourcePath);
 
+/// Runs `install` once as administrator, and tells the system log how it went. Blocks while the
+/// password prompt is up. \return whether it ran without error.
+bool runElevated(Platform& platform);
+
 /// What a run works with; all of it outlives the run.
 class InstallRun {
 public:
     /// \param bar its value is read once per polling pass.
+    /// \param runElevated called at most once, on the thread of the run; see the function above.
     /// \param reportFailure called at most once, on the main queue, with the status to show.
     InstallRun(Platform& platform, ProgressModel& model, const ProgressIndicator& bar,
-               std::string logFilePath, std::function<void(std::int32_t)> reportFailure);
+               std::string logFilePath, std::function<bool()> runElevated,
+               std::function<void(std::int32_t)> reportFailure);
 
     /// Runs the installation to its outcome. Not on the main thread.
     /// \throws std::exception what the launcher throws when nohup cannot be started, after a
     /// system-log line.
     void startInstall();
 
-    /// Runs `install` once as administrator. \return whether it ran without error.
-    bool runElevated();
-
 private:
     /// The log file, or the null device when it cannot be opened.
     std::unique_ptr<FileHandle> openLog();
-    std::unique_ptr<Process> launch(const FileHandle* output);
+    std::unique_ptr<Process> launch(const std::vector<std::string>& arguments,
+                                    const FileHandle* output);
     void decide(std::int32_t status);
     void post(std::int32_t status);
 
@@ -52,6 +56,7 @@ private:
     ProgressModel& model_;
     const ProgressIndicator& bar_;
     std::string logFilePath_;
+    std::function<bool()> runElevated_;
     std::function<void(std::int32_t)> reportFailure_;
 };
 

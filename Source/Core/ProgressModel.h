@@ -23,12 +23,14 @@ public:
     double tickDelay() const { return std::pow(base.load(), exponent.load()); }
 
     /// One look at the running program: slows the ticks down, and freezes a bar that has come close
-    /// to its end. \param barValue the bar's value, of a range of 0 to 100.
-    void poll(double barValue) {
+    /// to its end. \param barValue tells the bar's value, of a range of 0 to 100; called once the
+    /// exponent has been raised.
+    template <class BarValue>
+    void poll(const BarValue& barValue) {
         if (exponent < -1.0) {
             exponent = exponent + 0.5;
         }
-        if (barValue >= 90.0) {
+        if (barValue() >= 90.0) {
             freeze();
         }
     }

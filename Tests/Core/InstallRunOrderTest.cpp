@@ -29,9 +29,11 @@ protected:
 
     void install(const Script& script) {
         platform.processes.scripts = {script};
-        Vexora::InstallRun(platform.seam, model, bar, logFile, [this](std::int32_t status) {
-            platform.calls.add("report " + std::to_string(status));
-        }).startInstall();
+        Vexora::InstallRun(
+            platform.seam, model, bar, logFile,
+            [this] { return Vexora::runElevated(platform.seam); },
+            [this](std::int32_t status) { platform.calls.add("report " + std::to_string(status)); })
+            .startInstall();
         platform.time.runDue();
     }
 
@@ -45,6 +47,15 @@ TEST_F(InstallRunOrder, successCreatesTheLogLaunchesPollsDecidesAndReleases) {
     EXPECT_EQ(platform.calls.lines(),
               (Lines{"createFile " + logFile, "openForUpdating " + logFile, launchLine + logFile,
                      "sleep 1", "sleep 1", "terminationStatus 0", "process released",
+                     "close " + logFile}));
+}
+
+TEST_F(InstallRunOrder, resourcePathIsAskedForOnceTheLogIsThereAndBeforeItIsOpened) {
+    platform.environment.whenAskedForResources = [this] { platform.calls.add("resourcePath"); };
+    install({.polls = 0, .status = 0});
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"createFile " + logFile, "resourcePath", "openForUpdating " + logFile,
+                     launchLine + logFile, "terminationStatus 0", "process released",
                      "close " + logFile}));
 }
 

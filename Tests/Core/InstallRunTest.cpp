@@ -36,7 +36,11 @@ protected:
     }
 
     Vexora::InstallRun run() {
-        return {platform.seam, model, bar, logFile,
+        return {platform.seam,
+                model,
+                bar,
+                logFile,
+                [this] { return Vexora::runElevated(platform.seam); },
                 [this](std::int32_t status) { reported.push_back(status); }};
     }
 
@@ -154,7 +158,7 @@ TEST_F(InstallRun, onlyBlanksOfTheResourcePathAreEscapedForTheElevatedRun) {
 
 TEST_F(InstallRun, elevatedRunUsesTheEscapedResourcePath) {
     platform.environment.resources = "/Volumes/My Disk";
-    EXPECT_TRUE(run().runElevated());
+    EXPECT_TRUE(Vexora::runElevated(platform.seam));
     EXPECT_EQ(platform.administratorScript.sources,
               Lines{R"(do shell script "/Volumes/My\\ Disk/install true" )"
                     "with administrator privileges"});

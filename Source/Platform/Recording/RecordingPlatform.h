@@ -98,7 +98,10 @@ private:
 class RecordingEnvironment : public Environment {
 public:
     std::string homeDirectory() override { return home; }
-    std::string resourcePath() override { return resources; }
+    std::string resourcePath() override {
+        whenAskedForResources();
+        return resources;
+    }
     std::string localeIdentifier() override {
         ++localeQuestions;
         return locale;
@@ -107,6 +110,7 @@ public:
     std::string home = "/Users/ann";
     std::string resources = "/Setup/Resources";
     std::string locale = "en_US";
+    std::function<void()> whenAskedForResources = [] {};
     /// How often the locale has been asked for.
     int localeQuestions = 0;
 };

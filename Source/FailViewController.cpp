@@ -27,10 +27,11 @@ std::string translated(const FailureMessage& message) {
 
 void FailViewController::viewDidLoad() {
     BaseViewController::viewDidLoad();
-    error_.clear();
-    open_logs_ = StyledText();
-    open_logs_.append({VXLOCAL::Translator::getInstance()->tr("Open logs"),
-                       Font{"QuillaSans-SemiBold", 15.0}, OndrelFontBlueColor});
+    setError("");
+    StyledText link;
+    link.append({VXLOCAL::Translator::getInstance()->tr("Open logs"),
+                 Font{"QuillaSans-SemiBold", 15.0}, OndrelFontBlueColor});
+    setOpen_logs(link);
     if (const InterfaceController* parent = parentViewController()) {
         parent->outlet<TextField>("licenseLabel")->setHidden(true);
     }

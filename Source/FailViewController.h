@@ -31,10 +31,17 @@ public:
     }
 
     std::shared_ptr<ImageView> closeIcon() const { return outlet<ImageView>("closeIcon"); }
+    void setCloseIcon(std::shared_ptr<ImageView> icon) { setOutlet("closeIcon", std::move(icon)); }
     std::shared_ptr<TextField> failLabel() const { return outlet<TextField>("failLabel"); }
+    void setFailLabel(std::shared_ptr<TextField> label) {
+        setOutlet("failLabel", std::move(label));
+    }
     std::shared_ptr<TextField> logLabel() const { return outlet<TextField>("logLabel"); }
+    void setLogLabel(std::shared_ptr<TextField> label) { setOutlet("logLabel", std::move(label)); }
     const std::string& error() const { return error_; }
+    void setError(const std::string& error) { error_ = error; }
     const StyledText& open_logs() const { return open_logs_; }
+    void setOpen_logs(const StyledText& link) { open_logs_ = link; }
 
 private:
     std::string error_;

@@ -14,6 +14,7 @@ InterfaceController::~InterfaceController() {
 const std::shared_ptr<View>& InterfaceController::view() {
     if (!interface_) {
         interface_ = platform_.interfaces.load(interfaceName_);
+        outlets_ = std::move(interface_->outlets);
         const Actions known = actions();
         for (const auto& [action, control] : interface_->actions) {
             if (const auto found = known.find(action); found != known.end()) {
@@ -31,11 +32,8 @@ void InterfaceController::addChildViewController(std::shared_ptr<InterfaceContro
 }
 
 std::shared_ptr<View> InterfaceController::namedView(const std::string& name) const {
-    if (!interface_) {
-        return nullptr;
-    }
-    const auto found = interface_->outlets.find(name);
-    return found == interface_->outlets.end() ? nullptr : found->second;
+    const auto found = outlets_.find(name);
+    return found == outlets_.end() ? nullptr : found->second;
 }
 
 } // namespace Vexora

@@ -53,6 +53,11 @@ public:
     virtual Actions actions() { return {}; }
 
 protected:
+    /// Puts a view in the place of an outlet; null leaves the stand-in there.
+    void setOutlet(const std::string& name, std::shared_ptr<View> view) {
+        outlets_[name] = std::move(view);
+    }
+
     /// Runs once, right after the view has been loaded.
     virtual void viewDidLoad() {}
 
@@ -64,6 +69,7 @@ private:
     Platform& platform_;
     std::string interfaceName_;
     std::optional<Interface> interface_;
+    std::map<std::string, std::shared_ptr<View>> outlets_;
     std::vector<std::shared_ptr<InterfaceController>> children_;
     InterfaceController* parent_ = nullptr;
 };

@@ -39,6 +39,16 @@ TEST_F(ProgressModel, exponentRisesByHalfAStepPerPollAndStopsAtMinusOne) {
     }
 }
 
+TEST_F(ProgressModel, exponentIsRaisedBeforeTheBarIsReadOnce) {
+    std::vector<double> exponents;
+    model.poll([&] {
+        exponents.push_back(model.exponent);
+        return 95.0;
+    });
+    EXPECT_EQ(exponents, std::vector<double>{-4.5});
+    EXPECT_EQ(model.increment, 0.0);
+}
+
 TEST_F(ProgressModel, onlyAnExponentBelowMinusOneIsRaised) {
     const std::pair<double, double> exponents[] = {
         {-1.25, -0.75}, {-1.0, -1.0}, {-0.75, -0.75}, {0.0, 0.0}, {3.0, 3.0}};

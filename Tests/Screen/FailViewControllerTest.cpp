@@ -92,14 +92,32 @@ TEST_F(FailViewController, licenceNoticeStaysHiddenOnceTheScreenHasLoaded) {
     EXPECT_TRUE(textField("licenseLabel")->isHidden());
 }
 
-TEST_F(FailViewController, unlistedStatusesDoNotConsultTheTranslatorForAMessage) {
-    // An empty identifier, or a number in place of one, would find one of these.
-    addLanguage("en", {{"7", "wrong"}, {"11", "wrong"}, {"0", "wrong"}, {"-1", "wrong"}});
-    for (const std::int32_t status : {7, 11, 0, -1}) {
-        fail(status);
-        EXPECT_EQ(message().runs(), (Runs{plain(" "), link()})) << status;
-        expectPresentation(true);
+/// A catalogue without messages that notes which ones it is asked for.
+class AskedCatalogue : public VXLOCAL::Parser {
+public:
+    explicit AskedCatalogue(Lines& asked) : Parser("none"), asked_(asked) {}
+
+    void parse() override {}
+    std::string getMessage(const std::string& key) const override {
+        asked_.push_back(key);
+        return key;
     }
+
+private:
+    Lines& asked_;
+};
+
+TEST_F(FailViewController, unlistedStatusesDoNotConsultTheTranslatorForAMessage) {
+    Lines asked;
+    loadScreen();
+    VXLOCAL::Translator::getInstance()->init(new AskedCatalogue(asked), "en", "", "");
+    for (const std::int32_t status : {7, 11, 0, -1}) {
+        window->failView()->updateFailViewStatus(status);
+        EXPECT_EQ(message().runs(), (Runs{plain(" "), link()})) << status;
+    }
+    EXPECT_EQ(asked, Lines{});
+    window->failView()->updateFailViewStatus(50);
+    EXPECT_EQ(asked, Lines{"Post-installation steps failed."});
 }
 
 TEST_F(FailViewController, noticeAfterAFailureReplacesOnlyTheText) {
@@ -166,6 +184,47 @@ TEST_F(FailViewController, retranslatingHidesTheFailureAgainAndKeepsTheLink) {
     EXPECT_TRUE(textField("failLabel")->isHidden());
     EXPECT_TRUE(platform.interfaces.view("closeIcon")->isHidden());
     EXPECT_EQ(message().runs(), Runs{link()});
+}
+
+TEST_F(FailViewController, linkKeepsTheLanguageOfTheMomentTheViewLoaded) {
+    addLanguage("en", {{"Open logs", "Protokoll"}});
+    loadScreen();
+    addLanguage("en", {{"Open logs", "Journal"}});
+    window->initializeTranslator();
+    window->failView()->retranslate();
+    EXPECT_EQ(message().runs(), Runs{link("Protokoll")});
+}
+
+TEST_F(FailViewController, propertiesAreWhatWasWritten) {
+    loadScreen();
+    auto& screen = *window->failView();
+    const auto icon = std::make_shared<Vexora::ImageView>();
+    const auto title = std::make_shared<Vexora::TextField>();
+    const auto label = std::make_shared<Vexora::TextField>();
+    screen.setCloseIcon(icon);
+    screen.setFailLabel(title);
+    screen.setLogLabel(label);
+    screen.setError("reason");
+    screen.setOpen_logs(Vexora::StyledText("here"));
+    EXPECT_EQ(screen.closeIcon(), icon);
+    EXPECT_EQ(screen.failLabel(), title);
+    EXPECT_EQ(screen.logLabel(), label);
+    EXPECT_EQ(screen.error(), "reason");
+    EXPECT_EQ(screen.open_logs().runs(), Runs{plain("here")});
+    screen.retranslate();
+    EXPECT_TRUE(icon->isHidden());
+    EXPECT_EQ(title->stringValue(), "Installation failed");
+    screen.updateFailViewStatus(3);
+    EXPECT_EQ(label->stringValue(), " here");
+    EXPECT_EQ(screen.error(), "reason");
+}
+
+TEST_F(FailViewController, propertyWithoutAViewIsSkipped) {
+    loadScreen();
+    platform.calls.clear();
+    window->failView()->setLogLabel(nullptr);
+    window->failView()->updateFailViewStatus(5);
+    EXPECT_EQ(platform.calls.lines(), Lines{});
 }
 
 TEST_F(FailViewController, helpButtonOpensTheTroubleshootingPage) {

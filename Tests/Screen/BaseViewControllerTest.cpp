@@ -32,6 +32,23 @@ TEST_F(BaseViewController, loadingCreatesTheMissingFolderButNotTheFile) {
               (Lines{"load BaseViewController", "createDirectory " + logFolder}));
 }
 
+TEST_F(BaseViewController, everyScreenRunsTheBaseBeforeAnythingOfItsOwn) {
+    const std::vector<std::shared_ptr<Vexora::BaseViewController>> screens{
+        std::make_shared<Vexora::StartViewController>(platform.seam),
+        std::make_shared<Vexora::InstallViewController>(platform.seam),
+        std::make_shared<Vexora::LicenseViewController>(platform.seam),
+        std::make_shared<Vexora::FailViewController>(platform.seam)};
+    for (const auto& screen : screens) {
+        platform.environment.home += "/deeper";
+        platform.calls.clear();
+        screen->view();
+        ASSERT_GT(platform.calls.lines().size(), 3U);
+        // The definition and the action of its control come before.
+        EXPECT_EQ(platform.calls.lines()[2],
+                  "createDirectory " + platform.environment.home + "/Library/Logs/Vexora_Lumiq");
+    }
+}
+
 TEST_F(BaseViewController, folderThatCannotBeCreatedDisturbsNobodyAtLoading) {
     platform.files.refusedFolders.insert(logFolder);
     controller.view();

@@ -8,6 +8,7 @@ using namespace ScreenTest;
 using Vexora::Font;
 using Vexora::TextAlignment;
 using Vexora::TextRun;
+using Vexora::Recording::RecordingProgressIndicator;
 
 namespace {
 
@@ -19,6 +20,22 @@ protected:
     void succeed() {
         install({.polls = 3, .status = 0});
         platform.time.advance(1.0);
+    }
+
+    /// A screen with its first tick and its run before it; the tick fills the bar.
+    std::shared_ptr<Vexora::InstallViewController> loadedScreen() {
+        auto screen = std::make_shared<Vexora::InstallViewController>(platform.seam);
+        screen->view();
+        screen->setIncrement(100.0);
+        return screen;
+    }
+
+    /// A screen whose ticks and run are over.
+    std::shared_ptr<Vexora::InstallViewController> idleScreen() {
+        auto screen = loadedScreen();
+        platform.time.advance(1.0);
+        platform.backgroundQueue.runNext();
+        return screen;
     }
 };
 
@@ -135,19 +152,69 @@ TEST_F(InstallViewController, loadingSetsTheModelAndMovesNothingYet) {
     EXPECT_EQ(bar()->doubleValue(), 1.0);
 }
 
-TEST_F(InstallViewController, postedBlocksHoldTheScreenUntilTheyHaveRun) {
+TEST_F(InstallViewController, postedRunHoldsTheScreenByItself) {
+    const std::weak_ptr<Vexora::InstallViewController> watched = loadedScreen();
+    platform.time.advance(1.0);
+    ASSERT_EQ(platform.time.pending(), 0U);
+    EXPECT_FALSE(watched.expired());
+    platform.backgroundQueue.runNext();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(InstallViewController, postedTickHoldsTheScreenByItself) {
+    const std::weak_ptr<Vexora::InstallViewController> watched = loadedScreen();
+    platform.backgroundQueue.runNext();
+    ASSERT_EQ(platform.time.pending(), 1U);
+    EXPECT_FALSE(watched.expired());
+    platform.time.advance(5.0);
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(InstallViewController, postedSuccessHoldsTheScreenByItself) {
     std::weak_ptr<Vexora::InstallViewController> watched;
     {
-        const auto screen = std::make_shared<Vexora::InstallViewController>(platform.seam);
+        const auto screen = idleScreen();
+        screen->incrementProgressBar();
         watched = screen;
-        screen->view();
-        screen->setIncrement(100.0);
     }
-    ASSERT_FALSE(watched.expired());
-    platform.backgroundQueue.runNext();
+    ASSERT_EQ(platform.mainQueue.delays().back(), 0.0);
     EXPECT_FALSE(watched.expired());
-    platform.time.advance(1.0);
+    platform.time.runDue();
     EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(InstallViewController, postedFailureHoldsTheScreenByItself) {
+    std::weak_ptr<Vexora::InstallViewController> watched;
+    {
+        const auto screen = idleScreen();
+        platform.processes.scripts = {{.polls = 0, .status = 30}};
+        screen->startInstall();
+        watched = screen;
+    }
+    EXPECT_EQ(platform.time.pending(), 1U);
+    EXPECT_FALSE(watched.expired());
+}
+
+TEST_F(InstallViewController, scheduledTickHoldsTheScreenByItself) {
+    std::weak_ptr<Vexora::InstallViewController> watched;
+    {
+        const auto screen = idleScreen();
+        platform.interfaces.find<RecordingProgressIndicator>("installProgress")
+            ->setRange(0.0, 1000.0);
+        screen->incrementProgressBar();
+        watched = screen;
+    }
+    ASSERT_GT(platform.mainQueue.delays().back(), 0.0);
+    EXPECT_FALSE(watched.expired());
+}
+
+TEST_F(InstallViewController, runElevatedRunsTheProgramAsAdministrator) {
+    const auto screen = idleScreen();
+    EXPECT_TRUE(screen->runElevated());
+    platform.administratorScript.succeeds = false;
+    EXPECT_FALSE(screen->runElevated());
+    EXPECT_EQ(platform.calls.beginningWith("log: "),
+              (Lines{"log: Upgrade system-wide successfully", "log: Upgrade system-wide failed"}));
 }
 
 TEST_F(InstallViewController, headingHasTheProductInSemiboldEighteenWithoutColour) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 using namespace ScreenTest;
+using Vexora::Recording::RecordingProgressIndicator;
 
 namespace {
 
@@ -87,6 +88,17 @@ TEST_F(ProgressCurve, changedExponentAltersOnlyTheDelayOfTheTickAfterTheChange) 
     platform.time.advance(0.0001);
     EXPECT_EQ(bar()->doubleValue(), 3.0);
     EXPECT_EQ(platform.mainQueue.delays(), (std::vector<double>{0.03125, 0.5, 0.5}));
+}
+
+TEST_F(ProgressCurve, maximumIsReadOnEveryTick) {
+    showWithoutRunning();
+    platform.time.runDue();
+    ASSERT_EQ(platform.time.pending(), 1U);
+    platform.interfaces.find<RecordingProgressIndicator>("installProgress")->setRange(10.0, 13.0);
+    platform.time.advance(1.0);
+    EXPECT_EQ(bar()->doubleValue(), 13.0);
+    EXPECT_EQ(successes(), 1U);
+    EXPECT_EQ(platform.time.pending(), 0U);
 }
 
 TEST_F(ProgressCurve, valueThatIsNotANumberEndsTheChainToo) {

@@ -93,6 +93,19 @@ TEST_F(ViewController, failedTranslatorIsWrittenToTheInstallLogBeforeAnyScreenIs
               platform.calls.positionOf("load StartViewController"));
 }
 
+TEST_F(ViewController, failedTranslatorIsLoggedThroughTheChildAtPositionZeroAndNowhereElse) {
+    openWindow();
+    platform.files.addFolder("/elsewhere");
+    window->startView()->setLogFolderPath("/elsewhere");
+    window->startView()->setLogFilePath("/elsewhere/file");
+    platform.environment.locale = "fr_FR";
+    platform.calls.clear();
+    window->initializeTranslator();
+    EXPECT_EQ(platform.files.content("/elsewhere/file"), failureText());
+    EXPECT_EQ(platform.files.content(logFile), std::nullopt);
+    EXPECT_EQ(platform.calls.beginningWith("log: "), Lines{});
+}
+
 TEST_F(ViewController, failedTranslatorIsAppendedToAnEarlierLog) {
     platform.files.addFile(logFile, "earlier\n");
     platform.environment.locale = "fr_FR";

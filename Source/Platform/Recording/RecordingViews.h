@@ -68,6 +68,10 @@ protected:
 };
 
 class RecordingProgressIndicator : public Recording<ProgressIndicator> {
+public:
+    /// As if the definition had another range.
+    using ProgressIndicator::setRange;
+
 protected:
     void applyIndeterminate() override { record("setIndeterminate " + shown(isIndeterminate())); }
     void applyThreadedAnimation() override {

@@ -30,7 +30,8 @@ std::vector<std::string> requests;
 @implementation RecordingWorkspace
 
 - (BOOL)selectFile:(NSString*)path inFileViewerRootedAtPath:(NSString*)root {
-    requests.push_back("select " + Vexora::toUtf8(path) + " under [" + Vexora::toUtf8(root) + "]");
+    const std::string place = root == nil ? "nothing" : "[" + Vexora::toUtf8(root) + "]";
+    requests.push_back("select " + Vexora::toUtf8(path) + " under " + place);
     return NO;
 }
 

@@ -17,7 +17,9 @@ using Vexora::Recording::Script;
 
 namespace {
 
-const std::string logFile = "/Users/ann/Library/Logs/Vexora_Lumiq/vexora-one-click-installer.log";
+const std::string logFolder = "/Users/ann/Library/Logs/Vexora_Lumiq";
+const std::string logFile = logFolder + "/vexora-one-click-installer.log";
+const std::string launchLine = "launch /usr/bin/nohup [/Setup/Resources/install] [&;] [wait $!] > ";
 const std::string administratorScript =
     "do shell script \"/Setup/Resources/install true\" with administrator privileges";
 
@@ -25,7 +27,7 @@ class InstallRun : public testing::Test {
 protected:
     InstallRun() {
         model.reset();
-        platform.files.addFile(logFile, "");
+        platform.files.addFolder(logFolder);
     }
 
     /// Runs an installation whose program behaves so, and what it posts.
@@ -41,7 +43,10 @@ protected:
                 bar,
                 logFile,
                 [this] { return Vexora::runElevated(platform.seam); },
-                [this](std::int32_t status) { reported.push_back(status); }};
+                [this](std::int32_t status) {
+                    platform.calls.add("report " + std::to_string(status));
+                    reported.push_back(status);
+                }};
     }
 
     RecordingPlatform platform;
@@ -67,15 +72,6 @@ TEST_F(InstallRun, statusZeroAtNinetyRaisesTheIncrementFromZeroToTen) {
     EXPECT_EQ(incrementBeforeTheEnd, 0.0);
     EXPECT_EQ(model.increment, 10.0);
     EXPECT_TRUE(model.successfulInstall);
-}
-
-TEST_F(InstallRun, statusZeroPostsNothingAndAsksForNoRights) {
-    install({.polls = 2, .status = 0});
-    EXPECT_EQ(model.increment, 10.0);
-    EXPECT_TRUE(model.successfulInstall);
-    EXPECT_EQ(platform.calls.count("mainQueue.async"), 0U);
-    EXPECT_EQ(platform.administratorScript.sources, Lines{});
-    EXPECT_EQ(reported, std::vector<std::int32_t>{});
 }
 
 TEST_F(InstallRun, statusOneWithASuccessfulRerunSucceedsAndPostsNothing) {
@@ -204,6 +200,106 @@ TEST_F(InstallRun, hangingProgramIsPolledWithoutEnd) {
     EXPECT_EQ(platform.calls.count("sleep 1"), 86400U);
     EXPECT_FALSE(model.successfulInstall);
     EXPECT_EQ(platform.processes.launches.size(), 1U);
+}
+
+// The order of the steps of a run, and what happens when one of them fails.
+
+TEST_F(InstallRun, successCreatesTheLogLaunchesPollsDecidesAndReleases) {
+    install({.polls = 2, .status = 0});
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"createFile " + logFile, "openForUpdating " + logFile, launchLine + logFile,
+                     "sleep 1", "sleep 1", "terminationStatus 0", "process released",
+                     "close " + logFile}));
+}
+
+TEST_F(InstallRun, resourcePathIsAskedForOnceTheLogIsThereAndBeforeItIsOpened) {
+    platform.environment.whenAskedForResources = [this] { platform.calls.add("resourcePath"); };
+    install({.polls = 0, .status = 0});
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"createFile " + logFile, "resourcePath", "openForUpdating " + logFile,
+                     launchLine + logFile, "terminationStatus 0", "process released",
+                     "close " + logFile}));
+}
+
+TEST_F(InstallRun, failureIsPostedBeforeProcessAndLogAreReleased) {
+    install({.polls = 1, .status = 40});
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"createFile " + logFile, "openForUpdating " + logFile, launchLine + logFile,
+                     "sleep 1", "terminationStatus 40", "mainQueue.async", "process released",
+                     "close " + logFile, "report 40"}));
+}
+
+TEST_F(InstallRun, refusedRerunIsToldToTheSystemLogAndThenPosted) {
+    platform.administratorScript.succeeds = false;
+    install({.polls = 0, .status = 1});
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"createFile " + logFile, "openForUpdating " + logFile, launchLine + logFile,
+                     "terminationStatus 1",
+                     "administratorScript do shell script \"/Setup/Resources/install true\" with "
+                     "administrator privileges",
+                     "log: Upgrade system-wide failed", "mainQueue.async", "process released",
+                     "close " + logFile, "report 1"}));
+}
+
+TEST_F(InstallRun, successfulRerunIsToldToTheSystemLogAndWritesNothingIntoTheInstallLog) {
+    install({.polls = 0, .status = 1, .output = "normal run"});
+    EXPECT_EQ(platform.calls.beginningWith("log: "),
+              Lines{"log: Upgrade system-wide successfully"});
+    EXPECT_EQ(platform.files.content(logFile), "normal run");
+    EXPECT_EQ(platform.processes.launches.size(), 1U);
+}
+
+TEST_F(InstallRun, existingLogIsNotCreatedAgain) {
+    platform.files.addFile(logFile, "earlier");
+    install({.polls = 0, .status = 0});
+    EXPECT_EQ(platform.calls.count("createFile " + logFile), 0U);
+    EXPECT_EQ(platform.files.content(logFile), "earlier");
+}
+
+TEST_F(InstallRun, logThatCannotBeOpenedIsReplacedByTheNullDevice) {
+    platform.files.addFile(logFile, "kept");
+    platform.files.lockedFiles.insert(logFile);
+
+    install({.polls = 1, .status = 0, .output = "unheard"});
+
+    EXPECT_EQ(platform.calls.lines(),
+              (Lines{"openForUpdating " + logFile, "log: Failed to open install log: " + logFile,
+                     "openForUpdating /dev/null", launchLine + "/dev/null", "sleep 1",
+                     "terminationStatus 0", "process released", "close /dev/null"}));
+    EXPECT_EQ(platform.files.content(logFile), "kept");
+    EXPECT_TRUE(model.successfulInstall);
+}
+
+TEST_F(InstallRun, logThatCannotBeCreatedIsReplacedByTheNullDeviceToo) {
+    platform.files.refusedFiles.insert(logFile);
+    install({.polls = 0, .status = 30});
+    EXPECT_EQ(platform.calls.beginningWith("log: "),
+              Lines{"log: Failed to open install log: " + logFile});
+    ASSERT_EQ(platform.processes.launches.size(), 1U);
+    EXPECT_EQ(platform.processes.launches[0].output, "/dev/null");
+    EXPECT_EQ(platform.calls.count("report 30"), 1U);
+}
+
+TEST_F(InstallRun, launchFailureIsLoggedAndPassedOnAndPostsNoOutcome) {
+    platform.processes.refusal = std::errc::permission_denied;
+    try {
+        install({});
+        FAIL() << "nothing was thrown";
+    } catch (const std::system_error& error) {
+        EXPECT_EQ(error.code(), std::errc::permission_denied);
+    }
+    platform.time.advance(60.0);
+
+    const Lines told = platform.calls.beginningWith("log: ");
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("/usr/bin/nohup"), std::string::npos);
+    EXPECT_NE(told[0].find("Permission denied"), std::string::npos);
+    EXPECT_EQ(platform.calls.count("mainQueue.async"), 0U);
+    EXPECT_EQ(platform.calls.beginningWith("report"), Lines{});
+    EXPECT_EQ(model.increment, 1.0);
+    EXPECT_FALSE(model.successfulInstall);
+    EXPECT_EQ(platform.administratorScript.sources, Lines{});
+    EXPECT_EQ(platform.calls.count("close " + logFile), 1U);
 }
 
 } // namespace

@@ -43,28 +43,18 @@ protected:
     }
 };
 
-TEST_F(FailViewController, statusThirtyShowsTitleIconAndCentredMessageAtAHeightOf200) {
-    fail(30);
-    EXPECT_EQ(message().runs(),
-              (Runs{plain("Failed to extract Ondrel Vexora Lumiq."), plain(" "), link()}));
-    EXPECT_EQ(message().alignment(), TextAlignment::Center);
-    EXPECT_EQ(textField("failLabel")->stringValue(), "Installation failed");
-    expectPresentation(true);
-}
-
-TEST_F(FailViewController, statusFiveShowsOnlyTheMessageAndTheLink) {
-    fail(5);
-    EXPECT_EQ(message().runs(),
-              (Runs{plain("Ondrel Vexora Lumiq is already up to date."), plain(" "), link()}));
-    EXPECT_EQ(message().alignment(), TextAlignment::Center);
-    expectPresentation(false);
-}
-
-TEST_F(FailViewController, unlistedStatusShowsTitleIconAndABlankBeforeTheLink) {
-    fail(3);
-    EXPECT_EQ(message().runs(), (Runs{plain(" "), link()}));
-    EXPECT_EQ(message().alignment(), TextAlignment::Center);
-    expectPresentation(true);
+TEST_F(FailViewController, failuresHaveTitleIconAndAHeightOf200AndTheNoticeHasNone) {
+    const std::pair<std::int32_t, Runs> texts[] = {
+        {30, {plain("Failed to extract Ondrel Vexora Lumiq."), plain(" "), link()}},
+        {5, {plain("Ondrel Vexora Lumiq is already up to date."), plain(" "), link()}},
+        {3, {plain(" "), link()}}};
+    for (const auto& [status, runs] : texts) {
+        fail(status);
+        EXPECT_EQ(message().runs(), runs);
+        EXPECT_EQ(message().alignment(), TextAlignment::Center);
+        EXPECT_EQ(textField("failLabel")->stringValue(), "Installation failed");
+        expectPresentation(status != 5);
+    }
 }
 
 TEST_F(FailViewController, clickOnTheMessageWordsRevealsTheLogFile) {
@@ -161,21 +151,18 @@ TEST_F(FailViewController, failureTakesItsStepsInOrder) {
 }
 
 TEST_F(FailViewController, messageIsTranslatedWhenItIsShownAndTheLinkWhenTheScreenLoads) {
-    addLanguage("en", {{"Open logs", "Protokoll"}});
+    addLanguage("en", {{"Open logs", "Protokoll"}, {"Installation failed", "Fehlgeschlagen"}});
     loadScreen();
+    EXPECT_EQ(textField("failLabel")->attributedStringValue().runs(),
+              Runs{plain("Fehlgeschlagen")});
     addLanguage("en", {{"Open logs", "Journal"},
                        {"Pre-installation steps failed.", "Vorbereitung fehlgeschlagen."}});
     window->initializeTranslator();
     window->failView()->updateFailViewStatus(20);
     EXPECT_EQ(message().runs(),
               (Runs{plain("Vorbereitung fehlgeschlagen."), plain(" "), link("Protokoll")}));
-}
-
-TEST_F(FailViewController, titleIsTranslated) {
-    addLanguage("en", {{"Installation failed", "Fehlgeschlagen"}});
-    loadScreen();
-    EXPECT_EQ(textField("failLabel")->attributedStringValue().runs(),
-              Runs{plain("Fehlgeschlagen")});
+    window->failView()->retranslate();
+    EXPECT_EQ(message().runs(), Runs{link("Protokoll")});
 }
 
 TEST_F(FailViewController, retranslatingHidesTheFailureAgainAndKeepsTheLink) {
@@ -184,15 +171,6 @@ TEST_F(FailViewController, retranslatingHidesTheFailureAgainAndKeepsTheLink) {
     EXPECT_TRUE(textField("failLabel")->isHidden());
     EXPECT_TRUE(platform.interfaces.view("closeIcon")->isHidden());
     EXPECT_EQ(message().runs(), Runs{link()});
-}
-
-TEST_F(FailViewController, linkKeepsTheLanguageOfTheMomentTheViewLoaded) {
-    addLanguage("en", {{"Open logs", "Protokoll"}});
-    loadScreen();
-    addLanguage("en", {{"Open logs", "Journal"}});
-    window->initializeTranslator();
-    window->failView()->retranslate();
-    EXPECT_EQ(message().runs(), Runs{link("Protokoll")});
 }
 
 TEST_F(FailViewController, propertiesAreWhatWasWritten) {

@@ -24,15 +24,15 @@ protected:
     Result run(const std::vector<std::string>& arguments) const;
 
     /// Runs the program with its standard output in a file, and its standard error in `errors`.
-    /// @return its status, or -1 when it crashed.
+    /// \return its status, or -1 when it crashed.
     int statusOf(const std::vector<std::string>& arguments, const std::string& output) const;
 
     /// Runs the program, which must say nothing on standard error and whose status must fit.
-    /// @return the findings, a line of output each.
+    /// \return the findings, a line of output each.
     Lines findings(const std::vector<std::string>& arguments) const;
 
     /// Checks these bytes as a strings file, against a reference with these keys.
-    /// @return each finding as "line: rule", after a look at the file's name.
+    /// \return each finding as "line: rule", after a look at the file's name.
     Lines findingsIn(std::string_view bytes, const std::vector<std::string>& keys) const;
 
     /// A strings file with each key as its own text.

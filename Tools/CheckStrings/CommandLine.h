@@ -23,8 +23,8 @@ struct Request {
 };
 
 /// Help comes first, wherever it is asked for.
-/// @param arguments without the program's name.
-/// @throws UsageError.
+/// \param arguments without the program's name.
+/// \throws UsageError.
 Request readArguments(const std::vector<std::string>& arguments);
 
 /// How to call the program, what its statuses mean, and every rule.

@@ -22,12 +22,12 @@ struct EntryLine {
 };
 
 /// Quotes inside a text count as pairs, so that a closing quote can be told from one inside.
-/// @param line without its line end.
-/// @return what was meant, pointing into the line; nothing when the line has no quotes around an
+/// \param line without its line end.
+/// \return what was meant, pointing into the line; nothing when the line has no quotes around an
 ///     equals sign and so cannot be meant as an entry.
 std::optional<EntryLine> readEntryLine(std::string_view line);
 
-/// @return the key under which the program keeps a line, as written; nothing when it drops the line.
+/// \return the key under which the program keeps a line, as written; nothing when it drops the line.
 std::optional<std::string> keyInProgram(std::string_view line);
 
 } // namespace CheckStrings

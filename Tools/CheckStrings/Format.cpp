@@ -44,7 +44,7 @@ std::size_t skipLayout(std::string_view text, Arguments& arguments) {
 }
 
 /// Reads the conversion that a text starts with, behind its percent sign.
-/// @return its length, or 0 when the text starts with none.
+/// \return its length, or 0 when the text starts with none.
 std::size_t readConversion(std::string_view text, Format& format) {
     Arguments arguments;
     const std::size_t start = skipLayout(text, arguments);

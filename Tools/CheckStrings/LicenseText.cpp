@@ -14,7 +14,7 @@ unsigned unitAt(std::string_view bytes, std::size_t index, bool bigEndian) {
     return bigEndian ? first * 256U + second : second * 256U + first;
 }
 
-/// @return whether each high surrogate stands before a low one, and each low one behind a high one.
+/// \return whether each high surrogate stands before a low one, and each low one behind a high one.
 bool hasSoundSurrogates(std::string_view bytes, bool bigEndian) {
     bool afterHigh = false;
     for (std::size_t index = 0; index < bytes.size(); index += 2) {
@@ -37,7 +37,7 @@ bool holdsZero(std::string_view bytes) {
     return false;
 }
 
-/// @return whether another mark, in either byte order, follows the first one.
+/// \return whether another mark, in either byte order, follows the first one.
 bool hasSecondMark(std::string_view bytes) {
     const std::string_view second = bytes.substr(2, 2);
     return second == "\xFE\xFF" || second == "\xFF\xFE";

@@ -33,7 +33,7 @@ class LineReader {
 public:
     explicit LineReader(FileReport& report) : report_(report) {}
 
-    /// @param line without line feed.
+    /// \param line without line feed.
     void read(std::string_view line);
 
     Strings takeStrings() { return std::move(strings_); }

@@ -37,7 +37,7 @@ struct Strings {
 ///
 /// Comments begin with `#` or `//`, or stand between slash-asterisk and asterisk-slash, which may
 /// take several lines.
-/// @return nothing for a file in UTF-16.
+/// \return nothing for a file in UTF-16.
 Strings readStrings(std::string_view bytes, FileReport& report);
 
 } // namespace CheckStrings

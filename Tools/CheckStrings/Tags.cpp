@@ -40,7 +40,7 @@ bool looksLikeTag(std::string_view inside) {
     return std::ranges::all_of(word, isLetter);
 }
 
-/// @param lookAlikes whether what merely looks like a tag counts.
+/// \param lookAlikes whether what merely looks like a tag counts.
 std::vector<Tag> tagsOf(std::string_view text, bool lookAlikes) {
     std::vector<Tag> tags;
     for (std::size_t open = text.find('<'); open != none; open = text.find('<', open + 1)) {
@@ -64,7 +64,7 @@ std::string written(const Tag& tag) {
 
 /// Pairs the tags off, all of which are the key's, and reports those without partner or inside
 /// others.
-/// @return the pairs; none when something was reported.
+/// \return the pairs; none when something was reported.
 std::vector<Pair> pairsOf(const std::vector<Tag>& tags, std::size_t line, FileReport& report) {
     std::vector<Pair> pairs;
     std::vector<Tag> open;

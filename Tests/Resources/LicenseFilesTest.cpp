@@ -34,8 +34,9 @@ TEST_P(LicenseFilesTest, areTheSourceTextInUtf16WithAMark) {
 
 TEST_P(LicenseFilesTest, areAWholeAgreementInElevenNumberedSections) {
     const std::string text = readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
-    for (int section = 1; section <= 11; ++section)
+    for (int section = 1; section <= 11; ++section) {
         EXPECT_NE(text.find("\n\n" + std::to_string(section) + ". "), std::string::npos) << section;
+    }
     EXPECT_NE(text.find("Ondrel Vexora Lumiq"), std::string::npos);
     EXPECT_FALSE(text.starts_with("\xEF\xBB\xBF"));
     EXPECT_TRUE(text.ends_with("\n") && !text.ends_with("\n\n"));
@@ -61,8 +62,9 @@ INSTANTIATE_TEST_SUITE_P(Languages, LicenseFilesTest, testing::Values(VEXORA_LIC
 TEST(LicenseFallbackTest, everyTwoLetterCodeHasAText) {
     const std::set<std::string> codes = {VEXORA_ISO_CODES};
     EXPECT_EQ(codes.size(), 183U);
-    for (const std::string& code : codes)
+    for (const std::string& code : codes) {
         EXPECT_FALSE(shown(staged / ("LA_" + code)).value_or("").empty()) << code;
+    }
 }
 
 TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
@@ -79,6 +81,7 @@ TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
 
 TEST(LicenseFallbackTest, everyLanguageOfTheProgramHasATwoLetterCode) {
     const std::set<std::string> codes = {VEXORA_ISO_CODES};
-    for (const std::string code : {VEXORA_LANGUAGE_CODES})
+    for (const std::string code : {VEXORA_LANGUAGE_CODES}) {
         EXPECT_TRUE(codes.contains(code)) << code;
+    }
 }

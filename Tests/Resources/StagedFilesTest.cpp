@@ -16,12 +16,14 @@ namespace {
 /// Width and height that a PNG file states in its header.
 std::pair<std::uint32_t, std::uint32_t> pngSize(const fs::path& file) {
     const std::string bytes = CheckStrings::readBytes(file);
-    if (!bytes.starts_with("\x89PNG\r\n\x1a\n") || bytes.substr(12, 4) != "IHDR")
+    if (!bytes.starts_with("\x89PNG\r\n\x1a\n") || bytes.substr(12, 4) != "IHDR") {
         throw std::runtime_error("no PNG header");
+    }
     const auto number = [&bytes](std::size_t at) {
         std::uint32_t value = 0;
-        for (const char byte : bytes.substr(at, 4))
+        for (const char byte : bytes.substr(at, 4)) {
             value = value << 8 | static_cast<unsigned char>(byte);
+        }
         return value;
     };
     return {number(16), number(20)};
@@ -54,9 +56,11 @@ TEST(StagedFilesTest, iconIsDrawnInEverySizeThatSystemsAskFor) {
 }
 
 TEST(StagedFilesTest, payloadIsCompleteAndExecutable) {
-    for (const char* name : {"install", "unmount"})
+    for (const char* name : {"install", "unmount"}) {
         EXPECT_NE(fs::status(staged / name).permissions() & fs::perms::others_exec, fs::perms::none)
             << name;
-    for (const char* name : {"payload.conf", "lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum"})
+    }
+    for (const char* name : {"payload.conf", "lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum"}) {
         EXPECT_GT(fs::file_size(staged / name), 0U) << name;
+    }
 }

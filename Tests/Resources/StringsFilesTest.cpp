@@ -15,8 +15,9 @@ namespace {
 std::size_t count(std::string_view text, std::string_view part) {
     std::size_t result = 0;
     for (std::size_t at = text.find(part); at != std::string_view::npos;
-         at = text.find(part, at + part.size()))
+         at = text.find(part, at + part.size())) {
         ++result;
+    }
     return result;
 }
 
@@ -27,8 +28,9 @@ std::string marked(std::string_view text, char tag) {
     const std::string close = std::string("</") + tag + ">";
     const std::size_t from = text.find(open);
     const std::size_t to = text.find(close);
-    if (count(text, open) != 1 || count(text, close) != 1 || to < from)
+    if (count(text, open) != 1 || count(text, close) != 1 || to < from) {
         return {};
+    }
     return std::string(text.substr(from + open.size(), to - from - open.size()));
 }
 
@@ -41,8 +43,9 @@ protected:
         VXLOCAL::KVParser catalogue(file_.filename().c_str());
         catalogue.setLocaleDir(file_.parent_path().string());
         catalogue.parse();
-        for (const std::string& key : CheckStrings::readKeys(file("en")))
+        for (const std::string& key : CheckStrings::readKeys(file("en"))) {
             texts_.emplace(key, catalogue.getMessage(key));
+        }
     }
 
     static std::filesystem::path file(const std::string& language) {
@@ -60,9 +63,11 @@ TEST_P(StringsFilesTest, namesTheStartButtonAsItIsLabelled) {
 }
 
 TEST_P(StringsFilesTest, keepsTheProductName) {
-    for (const std::string_view name : {"Ondrel Vexora Lumiq", "Ondrel Vexora"})
-        for (const auto& [identifier, text] : texts_)
+    for (const std::string_view name : {"Ondrel Vexora Lumiq", "Ondrel Vexora"}) {
+        for (const auto& [identifier, text] : texts_) {
             EXPECT_EQ(count(text, name), count(identifier, name)) << text;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, StringsFilesTest, testing::Values(VEXORA_LANGUAGE_CODES),

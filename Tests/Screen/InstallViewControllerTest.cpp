@@ -156,7 +156,7 @@ TEST_F(InstallViewController, postedRunHoldsTheScreenByItself) {
     const std::weak_ptr<Vexora::InstallViewController> watched = loadedScreen();
     platform.time.advance(1.0);
     ASSERT_EQ(platform.time.pending(), 0U);
-    EXPECT_FALSE(watched.expired());
+    ASSERT_FALSE(watched.expired());
     platform.backgroundQueue.runNext();
     EXPECT_TRUE(watched.expired());
 }
@@ -165,7 +165,7 @@ TEST_F(InstallViewController, postedTickHoldsTheScreenByItself) {
     const std::weak_ptr<Vexora::InstallViewController> watched = loadedScreen();
     platform.backgroundQueue.runNext();
     ASSERT_EQ(platform.time.pending(), 1U);
-    EXPECT_FALSE(watched.expired());
+    ASSERT_FALSE(watched.expired());
     platform.time.advance(5.0);
     EXPECT_TRUE(watched.expired());
 }
@@ -178,7 +178,7 @@ TEST_F(InstallViewController, postedSuccessHoldsTheScreenByItself) {
         watched = screen;
     }
     ASSERT_EQ(platform.mainQueue.delays().back(), 0.0);
-    EXPECT_FALSE(watched.expired());
+    ASSERT_FALSE(watched.expired());
     platform.time.runDue();
     EXPECT_TRUE(watched.expired());
 }

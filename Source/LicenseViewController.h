@@ -1,5 +1,5 @@
 // The licence screen: the agreement in the user's language in a scrolling, read-only area.
-// It covers whatever is showing until the user goes back.
+// It covers whatever is showing until the user goes back, or a failure comes above it.
 #pragma once
 
 #include "BaseViewController.h"

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-class CommandLineTest : public CheckStringsFixture {
+class CommandLine : public CheckStringsFixture {
 protected:
     /// What the program says on standard error when it cannot do what the arguments ask for.
     std::string refusalOf(const std::vector<std::string>& arguments) const {
@@ -15,7 +15,7 @@ protected:
     }
 };
 
-TEST_F(CommandLineTest, helpNamesUsageAndEveryRule) {
+TEST_F(CommandLine, helpNamesUsageAndEveryRule) {
     const Result help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.errors, "");
@@ -26,7 +26,7 @@ TEST_F(CommandLineTest, helpNamesUsageAndEveryRule) {
     }
 }
 
-TEST_F(CommandLineTest, helpComesBeforeWhateverElseIsAsked) {
+TEST_F(CommandLine, helpComesBeforeWhateverElseIsAsked) {
     const std::string help = run({"--help"}).output;
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"nowhere", "--help"},
@@ -39,7 +39,7 @@ TEST_F(CommandLineTest, helpComesBeforeWhateverElseIsAsked) {
     }
 }
 
-TEST_F(CommandLineTest, misuseIsRefused) {
+TEST_F(CommandLine, misuseIsRefused) {
     const std::string hint = "; see check-strings --help\n";
     EXPECT_EQ(refusalOf({}), "check-strings: nothing to check" + hint);
     EXPECT_EQ(refusalOf({"--quick"}), "check-strings: unknown option --quick" + hint);
@@ -53,7 +53,7 @@ TEST_F(CommandLineTest, misuseIsRefused) {
                   hint);
 }
 
-TEST_F(CommandLineTest, whatCannotBeReadIsRefused) {
+TEST_F(CommandLine, whatCannotBeReadIsRefused) {
     folder_.write("reference", stringsOf({"Start"}));
     std::filesystem::create_directory(folder_.path() / "folder");
     EXPECT_EQ(refusalOf({"nowhere"}),
@@ -68,13 +68,13 @@ TEST_F(CommandLineTest, whatCannotBeReadIsRefused) {
               "check-strings: no language folder in folder\n");
 }
 
-TEST_F(CommandLineTest, referenceWithoutEntriesIsRefused) {
+TEST_F(CommandLine, referenceWithoutEntriesIsRefused) {
     folder_.write("reference", "Start = Los\n");
     EXPECT_EQ(refusalOf({"--reference", "reference", "reference"}),
               "check-strings: no entry in the reference reference\n");
 }
 
-TEST_F(CommandLineTest, fileThatCannotBeReadToItsEndIsNamed) {
+TEST_F(CommandLine, fileThatCannotBeReadToItsEndIsNamed) {
     const std::string memory = "/proc/self/mem"; // a regular file whose first byte cannot be read
     if (!std::filesystem::is_regular_file(memory)) {
         GTEST_SKIP() << "this system has no " << memory;
@@ -86,14 +86,14 @@ TEST_F(CommandLineTest, fileThatCannotBeReadToItsEndIsNamed) {
               "check-strings: cannot read the file " + memory + "\n");
 }
 
-TEST_F(CommandLineTest, linkLoopIsAFileThatCannotBeRead) {
+TEST_F(CommandLine, linkLoopIsAFileThatCannotBeRead) {
     folder_.write("reference", stringsOf({"Start"}));
     std::filesystem::create_symlink("loop", folder_.path() / "loop");
     EXPECT_EQ(refusalOf({"--reference", "reference", "loop"}),
               "check-strings: cannot read the file loop\n");
 }
 
-TEST_F(CommandLineTest, controlCharactersAreNeverPrintedAsTheyAre) {
+TEST_F(CommandLine, controlCharactersAreNeverPrintedAsTheyAre) {
     folder_.write("reference", stringsOf({"Start"}));
     folder_.write("a\nb\x1B[1m",
                   "\"Start\" = \"a\\n\x1B[2m\xC2\x9B\x7Fé\"\"\n\"\xFF\" = \"Los\"\n");
@@ -108,7 +108,7 @@ TEST_F(CommandLineTest, controlCharactersAreNeverPrintedAsTheyAre) {
               "check-strings: cannot read the file b\\x0Ac\n");
 }
 
-TEST_F(CommandLineTest, outputThatCannotBeWrittenIsNoSuccess) {
+TEST_F(CommandLine, outputThatCannotBeWrittenIsNoSuccess) {
     const std::string full = "/dev/full";
     if (!std::filesystem::exists(full)) {
         GTEST_SKIP() << "this system has no " << full;
@@ -116,7 +116,7 @@ TEST_F(CommandLineTest, outputThatCannotBeWrittenIsNoSuccess) {
     EXPECT_EQ(statusOf({"--help"}, full), 2);
 }
 
-TEST_F(CommandLineTest, pathsAreTakenAsTheyAreGiven) {
+TEST_F(CommandLine, pathsAreTakenAsTheyAreGiven) {
     folder_.write("with blank/reference", stringsOf({"Start"}));
     folder_.write("with blank/text", "x\n\"Start\" = \"Los\"\n");
     const std::string text = (folder_.path() / "with blank/text").string();

@@ -1,14 +1,14 @@
 #include "CheckStringsFixture.h"
 
-using FormatRulesTest = LineCaseTest;
-using FormatTest = CheckStringsFixture;
+using FormatRules = LineCaseTest;
+using Format = CheckStringsFixture;
 
-TEST_P(FormatRulesTest, findsOneFaultOrPasses) {
+TEST_P(FormatRules, findsOneFaultOrPasses) {
     check();
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Conversions, FormatRulesTest,
+    Conversions, FormatRules,
     testing::Values(found("missing", "%d of %s", "%d", "conversions"),
                     found("additional", "Start", "Los, %s", "conversions"),
                     found("reordered", "%d of %s", "%s: %d", "conversions"),
@@ -29,10 +29,10 @@ INSTANTIATE_TEST_SUITE_P(
                     passes("sameWithArgumentsAsWidthAndPrecision", "%*.*f times", "%-*.*f mal"),
                     passes("longLength", "%lld files", "%lld Dateien"),
                     passes("doubledPercentIsNone", "%d files", "%%s %d %%d")),
-    FormatRulesTest::nameOf);
+    FormatRules::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
-    SinglePercent, FormatRulesTest,
+    SinglePercent, FormatRules,
     testing::Values(found("atTheEnd", "Start", "100%", "single-percent"),
                     found("beforeAnotherCharacter", "Start", "100%!", "single-percent"),
                     found("behindADoubledOne", "Start", "100%%%", "single-percent"),
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
                     found("withAnArgumentAsWidthOnly", "Start", "%*!", "single-percent"),
                     passes("doubled", "Start", "100%%"),
                     passes("doubledTwice", "Start", "%%%%, %%")),
-    FormatRulesTest::nameOf);
+    FormatRules::nameOf);
 
 namespace {
 
@@ -54,7 +54,7 @@ std::string many(std::size_t count) {
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(
-    Length, FormatRulesTest,
+    Length, FormatRules,
     testing::Values(
         found("oneByteTooLong", "Start", many(999), "long-result"),
         found("oneByteTooLongWithEscapes", "Start", many(998) + "\\n", "long-result"),
@@ -65,9 +65,9 @@ INSTANTIATE_TEST_SUITE_P(
         passes("longestAfterUnescaping", "Start", many(996) + "\\n\\n"),
         passes("longestAfterFormatting", "%d", many(997) + "%%%d"),
         passes("longestWithManyBytes", "Start", many(996) + "\xC3\xA9")),
-    FormatRulesTest::nameOf);
+    FormatRules::nameOf);
 
-TEST_F(FormatTest, everyLengthBelongsToItsConversion) {
+TEST_F(Format, everyLengthBelongsToItsConversion) {
     for (const std::string length : {"h", "hh", "l", "ll", "q", "L", "j", "z", "t"}) {
         const std::string key = "%" + length + "d files";
         EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{}) << length;
@@ -76,7 +76,7 @@ TEST_F(FormatTest, everyLengthBelongsToItsConversion) {
     }
 }
 
-TEST_F(FormatTest, everyLetterOfPrintfMakesAConversion) {
+TEST_F(Format, everyLetterOfPrintfMakesAConversion) {
     for (const char letter : std::string("diouxXeEfFgGaAcCsSpnm")) {
         const std::string text = std::string("%") + letter;
         EXPECT_EQ(findingsIn(stringsOf({text}), {text}), Lines{}) << letter;
@@ -85,7 +85,7 @@ TEST_F(FormatTest, everyLetterOfPrintfMakesAConversion) {
     }
 }
 
-TEST_F(FormatTest, positionMayBeFollowedByFlagsAndWidths) {
+TEST_F(Format, positionMayBeFollowedByFlagsAndWidths) {
     for (const std::string layout : {"*2$", ".3", "-5", "+", " ", "#", "'", "05"}) {
         EXPECT_EQ(findingsIn("\"Start\" = \"%1$" + layout + "d\"\n", {"Start"}),
                   Lines{"1: conversions"})
@@ -94,7 +94,7 @@ TEST_F(FormatTest, positionMayBeFollowedByFlagsAndWidths) {
 }
 
 // Takes the time that the build file grants this test unless each conversion is read once.
-TEST_F(FormatTest, manyConversionsAreReadInOneGo) {
+TEST_F(Format, manyConversionsAreReadInOneGo) {
     std::string key;
     for (int count = 0; count < 200'000; ++count) {
         key += "%d";
@@ -102,7 +102,7 @@ TEST_F(FormatTest, manyConversionsAreReadInOneGo) {
     EXPECT_EQ(findingsIn(stringsOf({key}), {key}), Lines{});
 }
 
-TEST_F(FormatTest, additionalConversionIsMetWithTheWayToWriteAPercentSign) {
+TEST_F(Format, additionalConversionIsMetWithTheWayToWriteAPercentSign) {
     folder_.write("reference", stringsOf({"Start"}));
     folder_.write("text", "\"Start\" = \"100 % des Ganzen\"\n");
     EXPECT_EQ(findings({"--reference", "reference", "text"}),

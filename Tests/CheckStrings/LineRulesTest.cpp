@@ -1,8 +1,8 @@
 #include "CheckStringsFixture.h"
 
-using LineRulesTest = LineCaseTest;
+using LineRules = LineCaseTest;
 
-TEST_P(LineRulesTest, findsOneFaultOrPasses) {
+TEST_P(LineRules, findsOneFaultOrPasses) {
     check();
 }
 
@@ -19,7 +19,7 @@ LineCase passes(const char* name, const std::string& line) {
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(
-    TrailingText, LineRulesTest,
+    TrailingText, LineRules,
     testing::Values(
         found("semicolon", R"("Start" = "Los";)", "trailing-text"),
         found("blank", "\"Start\" = \"Los\" ", "trailing-text"),
@@ -47,9 +47,9 @@ INSTANTIATE_TEST_SUITE_P(
         passes("quotesInTheText", R"("Start" = "Das "Los" da")"),
         passes("semicolonBehindQuotesInTheText", R"("Start" = "Das "Los"; da")"),
         passes("blanksInsideTheQuotes", R"("Start" = " Los ")")),
-    LineRulesTest::nameOf);
+    LineRules::nameOf);
 
-INSTANTIATE_TEST_SUITE_P(Spacing, LineRulesTest,
+INSTANTIATE_TEST_SUITE_P(Spacing, LineRules,
                          testing::Values(found("none", R"("Start"="Los")", "spacing"),
                                          found("onlyBefore", R"("Start" ="Los")", "spacing"),
                                          found("onlyBehind", R"("Start"= "Los")", "spacing"),
@@ -58,18 +58,18 @@ INSTANTIATE_TEST_SUITE_P(Spacing, LineRulesTest,
                                          passes("otherEqualsSignsInTheText",
                                                 R"("Start" = "a=b, "a"="b"!")"),
                                          passes("oneOnEachSide", R"("Start" = "Los")")),
-                         LineRulesTest::nameOf);
+                         LineRules::nameOf);
 
-INSTANTIATE_TEST_SUITE_P(Indentation, LineRulesTest,
+INSTANTIATE_TEST_SUITE_P(Indentation, LineRules,
                          testing::Values(found("spaces", R"(  "Start" = "Los")", "indentation"),
                                          found("tab", "\t\"Start\" = \"Los\"", "indentation"),
                                          found("word", R"(- "Start" = "Los")", "indentation"),
                                          found("closedComment", R"(/* go */ "Start" = "Los")",
                                                "indentation")),
-                         LineRulesTest::nameOf);
+                         LineRules::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
-    RepeatedSeparator, LineRulesTest,
+    RepeatedSeparator, LineRules,
     testing::Values(found("twice", R"("Start" = "Los" = "Lauf")", "repeated-separator"),
                     found("atTheEnd", R"("Start" = "Los" = ")", "repeated-separator"),
                     found("percentSignBehindIt", R"("Start" = "Los" = "100%")",
@@ -77,12 +77,12 @@ INSTANTIATE_TEST_SUITE_P(
                     found("threeTimes", R"("Start" = "a" = "b" = "c")", "repeated-separator"),
                     passes("withoutItsQuotes", R"("Start" = "Los = Lauf")"),
                     passes("withoutItsSpaces", R"("Start" = "Das "Los"="Lauf" da")")),
-    LineRulesTest::nameOf);
+    LineRules::nameOf);
 
-INSTANTIATE_TEST_SUITE_P(MissingQuote, LineRulesTest,
+INSTANTIATE_TEST_SUITE_P(MissingQuote, LineRules,
                          testing::Values(found("closing", R"("Start" = "Los)", "missing-quote"),
                                          found("closingBehindAPair", R"("Start" = "Das "Los" da)",
                                                "missing-quote"),
                                          found("opening", R"(Start" = "Los")", "missing-quote"),
                                          passes("oneInsideTheText", R"("Start" = "5" breit")")),
-                         LineRulesTest::nameOf);
+                         LineRules::nameOf);

@@ -5,9 +5,9 @@
 using namespace std::string_literals;
 
 /// A resource directory with two sound languages, for each test to spoil.
-class ResourcesTest : public CheckStringsFixture {
+class Resources : public CheckStringsFixture {
 protected:
-    ResourcesTest() {
+    Resources() {
         addLanguage("en");
         addLanguage("de");
     }
@@ -26,44 +26,44 @@ protected:
     const std::string text_ = {"\xFF\xFEO\0k\0", 6};
 };
 
-TEST_F(ResourcesTest, soundOnesPass) {
+TEST_F(Resources, soundOnesPass) {
     EXPECT_EQ(findings({"all"}), Lines{});
 }
 
-TEST_F(ResourcesTest, everyLanguageIsHeldToTheEnglishKeys) {
+TEST_F(Resources, everyLanguageIsHeldToTheEnglishKeys) {
     addLanguage("fr", {"Stop"});
     EXPECT_EQ(findings({"all"}), (Lines{"all/fr.lproj/Localizable.strings:0: missing-key: Start",
                                         "all/fr.lproj/Localizable.strings:1: unknown-key: "
                                         "not a key of the reference: Stop"}));
 }
 
-TEST_F(ResourcesTest, areHeldToTheReferenceThatIsNamed) {
+TEST_F(Resources, areHeldToTheReferenceThatIsNamed) {
     folder_.write("reference", stringsOf({"Stop"}));
     EXPECT_EQ(findings({"--reference", "reference", "all"}).size(), 4U);
     folder_.write("reference", stringsOf({"Start"}));
     EXPECT_EQ(findings({"--reference", "reference", "all"}), Lines{});
 }
 
-TEST_F(ResourcesTest, englishStringsAreCheckedToo) {
+TEST_F(Resources, englishStringsAreCheckedToo) {
     folder_.write("all/en.lproj/Localizable.strings", "\n\"Start\" = \"100%\"\n");
     EXPECT_EQ(findings({"all"}), Lines{"all/en.lproj/Localizable.strings:2: single-percent: "
                                        "a percent sign is written doubled"});
 }
 
-TEST_F(ResourcesTest, languageWithoutLicenseIsFound) {
+TEST_F(Resources, languageWithoutLicenseIsFound) {
     std::filesystem::remove(folder_.path() / "all/LA_de");
     EXPECT_EQ(findings({"all"}),
               Lines{"all/LA_de:0: missing-license: the language has no licence file"});
 }
 
-TEST_F(ResourcesTest, otherFilesAreLeftAlone) {
+TEST_F(Resources, otherFilesAreLeftAlone) {
     folder_.write("all/install", "\x80;");
     folder_.write("all/notes.lproj.txt", "x");
     folder_.write("all/images/LA_xx", "x");
     EXPECT_EQ(findings({"all"}), Lines{});
 }
 
-TEST_F(ResourcesTest, missingStringsFileIsFoundAndTheRestIsChecked) {
+TEST_F(Resources, missingStringsFileIsFoundAndTheRestIsChecked) {
     std::filesystem::remove(folder_.path() / "all/de.lproj/Localizable.strings");
     addLanguage("fr", {"Start", "Stop"});
     EXPECT_EQ(findings({"all"}), (Lines{"all/de.lproj/Localizable.strings:0: unreadable-file: "
@@ -72,7 +72,7 @@ TEST_F(ResourcesTest, missingStringsFileIsFoundAndTheRestIsChecked) {
                                         "not a key of the reference: Stop"}));
 }
 
-TEST_F(ResourcesTest, folderThatTheProgramNeverOpensIsFound) {
+TEST_F(Resources, folderThatTheProgramNeverOpensIsFound) {
     const std::string fault = ".lproj:0: language-folder: the program opens only folders, each "
                               "named by two lower-case letters";
     for (const std::string name : {"DE", "Base", "d", "deu", "pt_BR", "q9"}) {
@@ -82,7 +82,7 @@ TEST_F(ResourcesTest, folderThatTheProgramNeverOpensIsFound) {
                                         "all/deu" + fault, "all/pt_BR" + fault, "all/q9" + fault}));
 }
 
-TEST_F(ResourcesTest, languageThatIsNoFolderIsFound) {
+TEST_F(Resources, languageThatIsNoFolderIsFound) {
     const std::string fault = ".lproj:0: language-folder: the program opens only folders, each "
                               "named by two lower-case letters";
     folder_.write("all/fr.lproj", "x");
@@ -91,23 +91,23 @@ TEST_F(ResourcesTest, languageThatIsNoFolderIsFound) {
     EXPECT_EQ(findings({"all"}), (Lines{"all/fr" + fault, "all/it" + fault, "all/sv" + fault}));
 }
 
-TEST_F(ResourcesTest, linkToALanguageFolderIsOne) {
+TEST_F(Resources, linkToALanguageFolderIsOne) {
     std::filesystem::create_directory_symlink("de.lproj", folder_.path() / "all/nb.lproj");
     EXPECT_EQ(findings({"all"}),
               Lines{"all/LA_nb:0: missing-license: the language has no licence file"});
 }
 
-TEST_F(ResourcesTest, whatTheProgramIsShippedWithPasses) {
+TEST_F(Resources, whatTheProgramIsShippedWithPasses) {
     EXPECT_EQ(findings({VEXORA_STAGED_RESOURCES}), Lines{});
 }
 
-TEST_F(ResourcesTest, licenseMayBeALink) {
+TEST_F(Resources, licenseMayBeALink) {
     std::filesystem::remove(folder_.path() / "all/LA_de");
     std::filesystem::create_symlink("LA_en", folder_.path() / "all/LA_de");
     EXPECT_EQ(findings({"all"}), Lines{});
 }
 
-TEST_F(ResourcesTest, licenseWithoutLanguagePassesOrIsFoundLikeAnyOther) {
+TEST_F(Resources, licenseWithoutLanguagePassesOrIsFoundLikeAnyOther) {
     folder_.write("all/LA_fr", text_);
     EXPECT_EQ(findings({"all"}), Lines{});
     folder_.write("all/LA_fr", "Ok");
@@ -115,7 +115,7 @@ TEST_F(ResourcesTest, licenseWithoutLanguagePassesOrIsFoundLikeAnyOther) {
                                        "the file does not begin with a byte-order mark of UTF-16"});
 }
 
-TEST_F(ResourcesTest, licenseThatIsNoReadableFileIsFoundAndTheRestIsChecked) {
+TEST_F(Resources, licenseThatIsNoReadableFileIsFoundAndTheRestIsChecked) {
     const std::filesystem::path license = folder_.path() / "all/LA_de";
     const Lines expected = {"all/LA_de:0: unreadable-file: cannot read the file all/LA_de",
                             "all/LA_fr:0: license-encoding: the file has an odd number of bytes"};
@@ -131,7 +131,7 @@ TEST_F(ResourcesTest, licenseThatIsNoReadableFileIsFoundAndTheRestIsChecked) {
     EXPECT_EQ(findings({"all"}), expected);
 }
 
-TEST_F(ResourcesTest, licenseWithoutUtf16MarkIsFound) {
+TEST_F(Resources, licenseWithoutUtf16MarkIsFound) {
     for (const std::string& bytes :
          {"O\0k\0"s, "\0O\0k"s, "Ok\n"s, "\xEF\xBB\xBFOk"s, "\xFE"s, "\xFF\xFF"s, ""s}) {
         EXPECT_EQ(findingsInLicense(bytes),
@@ -140,18 +140,18 @@ TEST_F(ResourcesTest, licenseWithoutUtf16MarkIsFound) {
     }
 }
 
-TEST_F(ResourcesTest, licenseOfAnOddLengthIsFound) {
+TEST_F(Resources, licenseOfAnOddLengthIsFound) {
     EXPECT_EQ(findingsInLicense(text_ + "x"),
               Lines{"all/LA_de:0: license-encoding: the file has an odd number of bytes"});
 }
 
-TEST_F(ResourcesTest, licenseWithoutTextIsFound) {
+TEST_F(Resources, licenseWithoutTextIsFound) {
     EXPECT_EQ(
         findingsInLicense("\xFE\xFF"),
         Lines{"all/LA_de:0: license-encoding: the file has no text behind its byte-order mark"});
 }
 
-TEST_F(ResourcesTest, licenseWithBrokenSurrogatesIsFound) {
+TEST_F(Resources, licenseWithBrokenSurrogatesIsFound) {
     for (const std::string& units : {"\xD8\0\0x"s, "\xDB\xFF"s, "\0x\xDC\0"s, "\xD8\0\xD8\0\xDC\0"s,
                                      "\xDC\0\xD8\0"s, "\xD8\0\xDC\0\xDF\xFF"s}) {
         EXPECT_EQ(findingsInLicense("\xFE\xFF" + units),
@@ -159,7 +159,7 @@ TEST_F(ResourcesTest, licenseWithBrokenSurrogatesIsFound) {
     }
 }
 
-TEST_F(ResourcesTest, licenseWithASecondMarkIsFound) {
+TEST_F(Resources, licenseWithASecondMarkIsFound) {
     for (const std::string& bytes :
          {"\xFF\xFE\xFF\xFEO\0"s, "\xFE\xFF\xFE\xFF\0O"s, "\xFF\xFE\xFE\xFFO\0"s}) {
         EXPECT_EQ(findingsInLicense(bytes),
@@ -168,14 +168,14 @@ TEST_F(ResourcesTest, licenseWithASecondMarkIsFound) {
     }
 }
 
-TEST_F(ResourcesTest, licenseWithAZeroIsFound) {
+TEST_F(Resources, licenseWithAZeroIsFound) {
     for (const std::string& bytes : {"\xFF\xFE\0\0O\0\0\0"s, "\xFF\xFE\0\0"s, "\xFE\xFF\0O\0\0"s}) {
         EXPECT_EQ(findingsInLicense(bytes),
                   Lines{"all/LA_de:0: license-encoding: the file holds U+0000, as UTF-32 would"});
     }
 }
 
-TEST_F(ResourcesTest, licenseInEitherByteOrderPasses) {
+TEST_F(Resources, licenseInEitherByteOrderPasses) {
     EXPECT_EQ(findingsInLicense("\xFE\xFF\0O\xD8\0\xDC\0\xDB\xFF\xDF\xFF\xD7\xFF\xE0\0"s), Lines{});
     EXPECT_EQ(findingsInLicense("\xFF\xFEO\0\0\xD8\0\xDC\xFF\xDB\xFF\xDF\xFF\xD7\0\xE0"s), Lines{});
     EXPECT_EQ(findingsInLicense("\xFF\xFE\xD8\0\xDC\0"s), Lines{}); // U+00D8, U+00DC

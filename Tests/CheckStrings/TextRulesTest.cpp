@@ -1,12 +1,12 @@
 #include "CheckStringsFixture.h"
 
-using TextRulesTest = LineCaseTest;
+using TextRules = LineCaseTest;
 
-TEST_P(TextRulesTest, findsOneFaultOrPasses) {
+TEST_P(TextRules, findsOneFaultOrPasses) {
     check();
 }
 
-INSTANTIATE_TEST_SUITE_P(Escapes, TextRulesTest,
+INSTANTIATE_TEST_SUITE_P(Escapes, TextRules,
                          testing::Values(found("quote", "Start", R"(Das \"Los\" da)",
                                                "lost-escape"),
                                          found("letter", "Start", R"(a\xb)", "lost-escape"),
@@ -18,10 +18,10 @@ INSTANTIATE_TEST_SUITE_P(Escapes, TextRulesTest,
                                          passes("backslashBeforeALetter", "Start", R"(a\\xb)"),
                                          passes("controlCharacters", "Start", R"(\a\b\f\n\r\t)"),
                                          passes("inTheKey", R"(Say \"go\" now)", "Los")),
-                         TextRulesTest::nameOf);
+                         TextRules::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
-    EmptyText, TextRulesTest,
+    EmptyText, TextRules,
     testing::Values(found("blank", "Start", " ", "empty-text"),
                     found("escapes", "Start", R"(\n\t)", "empty-text"),
                     found("noBreakSpace", "Start", "\u00A0", "empty-text"),
@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
                     found("withoutTheTagsOfTheKey", "<b>Go</b>", "\u2003", "empty-text"),
                     passes("dotAmongBlanks", "Start", " .\u00A0"),
                     passes("conversion", "%d", " %d ")),
-    TextRulesTest::nameOf);
+    TextRules::nameOf);
 
 namespace {
 
@@ -65,7 +65,7 @@ LineCase unbalanced(const char* name, std::initializer_list<const char*> parts) 
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(
-    Bidi, TextRulesTest,
+    Bidi, TextRules,
     testing::Values(
         unbalanced("lreAlone", {lre}), unbalanced("rleAlone", {rle}), unbalanced("lroAlone", {lro}),
         unbalanced("rloAlone", {rlo}), unbalanced("lriAlone", {lri}), unbalanced("rliAlone", {rli}),
@@ -78,10 +78,10 @@ INSTANTIATE_TEST_SUITE_P(
         balanced("fsi", {fsi, pdi}), balanced("oneInTheOther", {fsi, rle, pdf, pdi}),
         balanced("oneAfterTheOther", {lri, pdi, rlo, pdf}),
         balanced("marks", {"\u200E", "\u200F", "\u061C"})),
-    TextRulesTest::nameOf);
+    TextRules::nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
-    Tags, TextRulesTest,
+    Tags, TextRules,
     testing::Values(
         found("closingMissing", "<b>Go</b>", "<b>Los", "unbalanced-tags"),
         found("openingMissing", "<b>Go</b>", "Los</b>", "unbalanced-tags"),
@@ -111,4 +111,4 @@ INSTANTIATE_TEST_SUITE_P(
         passes("plainAngleBrackets", "Start", "1 < 2 > 1, <>, </>, < b>, <3>, <-- a"),
         passes("letterBehindAPlainAngleBracket", "<b>Go</b>", "a<b <b>Los</b>"),
         passes("plainAngleBracketBeforeATag", "<b>Go</b>", "1 <<b>Los</b>> 2")),
-    TextRulesTest::nameOf);
+    TextRules::nameOf);

@@ -44,7 +44,7 @@ pid_t endedProcess() {
 
 } // namespace
 
-class InstallTest : public PayloadFixture {
+class Install : public PayloadFixture {
 protected:
     // Asserts that a run ended with `status` and that the user's plug-in is the old one, complete,
     // with nothing beside.
@@ -57,7 +57,7 @@ protected:
     }
 };
 
-TEST_F(InstallTest, installsTheShippedArchiveIntoTheUsersFolder) {
+TEST_F(Install, installsTheShippedArchiveIntoTheUsersFolder) {
     for (const char* name : {"lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum", "payload.conf"})
         fs::copy_file(fs::path(VEXORA_STAGED_RESOURCES) / name, resources_ / name,
                       fs::copy_options::overwrite_existing);
@@ -74,7 +74,7 @@ TEST_F(InstallTest, installsTheShippedArchiveIntoTheUsersFolder) {
     EXPECT_TRUE(isTidy(userFolder_));
 }
 
-TEST_F(InstallTest, writesAReceiptWithVersionAndLocation) {
+TEST_F(Install, writesAReceiptWithVersionAndLocation) {
     ASSERT_EQ(install().status, 0);
     const std::string receipt = readFile(userReceipt_);
     EXPECT_NE(receipt.find("version=2.4.0\n"), std::string::npos) << receipt;
@@ -84,13 +84,13 @@ TEST_F(InstallTest, writesAReceiptWithVersionAndLocation) {
     EXPECT_NE(receipt.find(" ./marker\n"), std::string::npos) << receipt;
 }
 
-TEST_F(InstallTest, toleratesNoArgumentsAndUnknownOnes) {
+TEST_F(Install, toleratesNoArgumentsAndUnknownOnes) {
     EXPECT_EQ(runScript("install", {}).status, 0);
     EXPECT_EQ(runScript("install", {"true", "more"}).status, 5);
     EXPECT_FALSE(fs::exists(systemFolder_ / "Lumiq.plugin"));
 }
 
-TEST_F(InstallTest, tellsEachStageInTheLog) {
+TEST_F(Install, tellsEachStageInTheLog) {
     const std::string log = install().output;
     std::size_t position = 0;
     for (const char* line : {"Installing ", "Destination: ", "Extracting ", "Copying ",
@@ -100,7 +100,7 @@ TEST_F(InstallTest, tellsEachStageInTheLog) {
     }
 }
 
-TEST_F(InstallTest, replacesAnOlderVersionAsAWhole) {
+TEST_F(Install, replacesAnOlderVersionAsAWhole) {
     plant(userFolder_, "2.3.0");
     writeFile(userFolder_ / "Lumiq.plugin/gone in the new version", "");
     EXPECT_EQ(install().status, 0);
@@ -110,7 +110,7 @@ TEST_F(InstallTest, replacesAnOlderVersionAsAWhole) {
     EXPECT_TRUE(isTidy(userFolder_));
 }
 
-TEST_F(InstallTest, comparesVersionsByNumberAndTreatsDamagedOnesAsOlder) {
+TEST_F(Install, comparesVersionsByNumberAndTreatsDamagedOnesAsOlder) {
     const std::vector<std::pair<std::optional<std::string>, int>> cases = {
         {"2.4.0", 5},   {"2.4", 5},      {"02.04.0.0", 5}, {"2.3.99", 0},     {"2", 0},
         {"1.99.99", 0}, {"2.4.0.1", 10}, {"2.10", 10},     {"10.0", 10},      {"2.4.1", 10},
@@ -125,7 +125,7 @@ TEST_F(InstallTest, comparesVersionsByNumberAndTreatsDamagedOnesAsOlder) {
     }
 }
 
-TEST_F(InstallTest, reports1WhenTheSystemWideCopyCannotBeReplaced) {
+TEST_F(Install, reports1WhenTheSystemWideCopyCannotBeReplaced) {
     plant(systemFolder_, "2.3.0");
     fs::permissions(systemFolder_, fs::perms(0555));
     EXPECT_EQ(install().status, 1);
@@ -134,7 +134,7 @@ TEST_F(InstallTest, reports1WhenTheSystemWideCopyCannotBeReplaced) {
     EXPECT_FALSE(fs::exists(userFolder_));
 }
 
-TEST_F(InstallTest, needsNoRightsToReportTheSameOrANewerSystemWideCopy) {
+TEST_F(Install, needsNoRightsToReportTheSameOrANewerSystemWideCopy) {
     plant(systemFolder_, "2.4.0");
     fs::permissions(systemFolder_, fs::perms(0555));
     EXPECT_EQ(install().status, 5);
@@ -142,7 +142,7 @@ TEST_F(InstallTest, needsNoRightsToReportTheSameOrANewerSystemWideCopy) {
     EXPECT_EQ(install().status, 10);
 }
 
-TEST_F(InstallTest, replacesTheSystemWideCopyInPlaceWhereRightsSuffice) {
+TEST_F(Install, replacesTheSystemWideCopyInPlaceWhereRightsSuffice) {
     plant(systemFolder_, "2.3.0");
     EXPECT_EQ(install().status, 0);
     EXPECT_EQ(versionIn(systemFolder_), "2.4.0");
@@ -151,7 +151,7 @@ TEST_F(InstallTest, replacesTheSystemWideCopyInPlaceWhereRightsSuffice) {
     EXPECT_FALSE(fs::exists(userFolder_));
 }
 
-TEST_F(InstallTest, elevatedReplacesTheSystemWideCopyAndNeedsNoHome) {
+TEST_F(Install, elevatedReplacesTheSystemWideCopyAndNeedsNoHome) {
     for (const auto& home : {homeValue_, std::optional<std::string>()}) {
         homeValue_ = home;
         plant(systemFolder_, "2.3.0");
@@ -163,7 +163,7 @@ TEST_F(InstallTest, elevatedReplacesTheSystemWideCopyAndNeedsNoHome) {
     }
 }
 
-TEST_F(InstallTest, elevatedRunsOnlyTheSystemsOwnPrograms) {
+TEST_F(Install, elevatedRunsOnlyTheSystemsOwnPrograms) {
     // The system-wide copy may have vanished meanwhile, too.
     fakeTool("tar", "exit 1");
     EXPECT_EQ(runScript("install", {"true"}).status, 0);
@@ -174,18 +174,18 @@ TEST_F(InstallTest, elevatedRunsOnlyTheSystemsOwnPrograms) {
     EXPECT_EQ(install().status, 30);
 }
 
-TEST_F(InstallTest, reports20WhenThePlugInFolderCannotBeCreated) {
+TEST_F(Install, reports20WhenThePlugInFolderCannotBeCreated) {
     writeFile(home_ / ".mozilla", "a file in the way");
     EXPECT_EQ(install().status, 20);
 }
 
-TEST_F(InstallTest, reports20WhenThePlugInFolderIsNotWritable) {
+TEST_F(Install, reports20WhenThePlugInFolderIsNotWritable) {
     plant(userFolder_, "2.3.0");
     fs::permissions(userFolder_, fs::perms(0555));
     expectOldVersionAfter(install(), 20);
 }
 
-TEST_F(InstallTest, reports20WhenSpaceIsShort) {
+TEST_F(Install, reports20WhenSpaceIsShort) {
     configure("REQUIRED_KIB", "1000000000000000");
     const Result result = install();
     EXPECT_EQ(result.status, 20);
@@ -193,7 +193,7 @@ TEST_F(InstallTest, reports20WhenSpaceIsShort) {
     EXPECT_TRUE(isTidy(userFolder_));
 }
 
-TEST_F(InstallTest, reports20WhenAToolIsMissing) {
+TEST_F(Install, reports20WhenAToolIsMissing) {
     path_.clear();
     for (const char* tool :
          {"cat", "dirname", "chmod", "cksum", "df", "find", "mkdir", "mv", "rm", "sed", "uname"})
@@ -203,7 +203,7 @@ TEST_F(InstallTest, reports20WhenAToolIsMissing) {
     EXPECT_NE(result.output.find("tar is missing"), std::string::npos) << result.output;
 }
 
-TEST_F(InstallTest, reports20WhenTheSettingsAreMissingIncompleteOrWrong) {
+TEST_F(Install, reports20WhenTheSettingsAreMissingIncompleteOrWrong) {
     configure("VERSION", "two");
     EXPECT_EQ(install().status, 20);
     configure("VERSION", "");
@@ -212,14 +212,14 @@ TEST_F(InstallTest, reports20WhenTheSettingsAreMissingIncompleteOrWrong) {
     EXPECT_EQ(install().status, 20);
 }
 
-TEST_F(InstallTest, reports20WithoutAHome) {
+TEST_F(Install, reports20WithoutAHome) {
     homeValue_.reset();
     EXPECT_EQ(install().status, 20);
     homeValue_ = "relative";
     EXPECT_EQ(install().status, 20);
 }
 
-TEST_F(InstallTest, reports20WhileAnotherInstallationRuns) {
+TEST_F(Install, reports20WhileAnotherInstallationRuns) {
     const OtherProcess other;
     const fs::path folder = userFolder_ / (".Lumiq.plugin.staging." + std::to_string(other.id()));
     fs::create_directories(folder);
@@ -227,7 +227,7 @@ TEST_F(InstallTest, reports20WhileAnotherInstallationRuns) {
     EXPECT_TRUE(fs::exists(folder));
 }
 
-TEST_F(InstallTest, bringsBackTheVersionThatAKilledInstallationMovedAside) {
+TEST_F(Install, bringsBackTheVersionThatAKilledInstallationMovedAside) {
     const fs::path folder =
         userFolder_ / (".Lumiq.plugin.staging." + std::to_string(endedProcess()));
     plant(folder / "old", "2.5.0");
@@ -236,7 +236,7 @@ TEST_F(InstallTest, bringsBackTheVersionThatAKilledInstallationMovedAside) {
     EXPECT_TRUE(isTidy(userFolder_));
 }
 
-TEST_F(InstallTest, keepsTheOldVersionForTheNextRunWhenItCannotBeBroughtBack) {
+TEST_F(Install, keepsTheOldVersionForTheNextRunWhenItCannotBeBroughtBack) {
     plant(userFolder_, "2.3.0");
     fakeTool("mv", "case $* in *old/Lumiq.plugin) ;; *) exit 1 ;; esac\n"
                    "PATH=/usr/bin:/bin; exec mv \"$@\"");
@@ -249,13 +249,13 @@ TEST_F(InstallTest, keepsTheOldVersionForTheNextRunWhenItCannotBeBroughtBack) {
     EXPECT_TRUE(isTidy(userFolder_));
 }
 
-TEST_F(InstallTest, reports30WhenTheArchiveIsMissing) {
+TEST_F(Install, reports30WhenTheArchiveIsMissing) {
     plant(userFolder_, "2.3.0");
     fs::remove(resources_ / "lumiq-plugin.tar.gz");
     expectOldVersionAfter(install(), 30);
 }
 
-TEST_F(InstallTest, reports30WhenTheArchiveIsDamaged) {
+TEST_F(Install, reports30WhenTheArchiveIsDamaged) {
     plant(userFolder_, "2.3.0");
     std::string bytes = readFile(resources_ / "lumiq-plugin.tar.gz");
     bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] ^ 1);
@@ -265,7 +265,7 @@ TEST_F(InstallTest, reports30WhenTheArchiveIsDamaged) {
     EXPECT_NE(result.output.find("checksum"), std::string::npos) << result.output;
 }
 
-TEST_F(InstallTest, reports30WhenTheArchiveCannotBeUnpacked) {
+TEST_F(Install, reports30WhenTheArchiveCannotBeUnpacked) {
     plant(userFolder_, "2.3.0");
     writeFile(resources_ / "lumiq-plugin.tar.gz", "no archive");
     shell("cd '" + resources_.string() +
@@ -273,7 +273,7 @@ TEST_F(InstallTest, reports30WhenTheArchiveCannotBeUnpacked) {
     expectOldVersionAfter(install(), 30);
 }
 
-TEST_F(InstallTest, reports30WhenTheArchiveHoldsAnotherVersion) {
+TEST_F(Install, reports30WhenTheArchiveHoldsAnotherVersion) {
     plant(root_ / "other", "2.6.0");
     pack(root_ / "other");
     plant(userFolder_, "2.3.0");
@@ -281,13 +281,13 @@ TEST_F(InstallTest, reports30WhenTheArchiveHoldsAnotherVersion) {
 }
 
 // A folder that its owner may not write to cannot be moved into another one.
-TEST_F(InstallTest, reports40WhenTheOldVersionCannotBeMovedAside) {
+TEST_F(Install, reports40WhenTheOldVersionCannotBeMovedAside) {
     plant(userFolder_, "2.3.0");
     fs::permissions(userFolder_ / "Lumiq.plugin", fs::perms(0555));
     expectOldVersionAfter(install(), 40);
 }
 
-TEST_F(InstallTest, reports40AndRestoresTheOldVersionWhenTheNewOneCannotBePlaced) {
+TEST_F(Install, reports40AndRestoresTheOldVersionWhenTheNewOneCannotBePlaced) {
     plant(userFolder_, "2.3.0");
     shell("chmod 555 source/Lumiq.plugin");
     pack(root_ / "source");
@@ -296,25 +296,25 @@ TEST_F(InstallTest, reports40AndRestoresTheOldVersionWhenTheNewOneCannotBePlaced
     EXPECT_NE(result.output.find("Restoring"), std::string::npos) << result.output;
 }
 
-TEST_F(InstallTest, reports50AndRestoresTheOldVersionWhenTheReceiptCannotBeWritten) {
+TEST_F(Install, reports50AndRestoresTheOldVersionWhenTheReceiptCannotBeWritten) {
     plant(userFolder_, "2.3.0");
     writeFile(home_ / ".local", "a file in the way");
     expectOldVersionAfter(install(), 50);
 }
 
-TEST_F(InstallTest, aFirstInstallationThatFailsLateLeavesNoPlugIn) {
+TEST_F(Install, aFirstInstallationThatFailsLateLeavesNoPlugIn) {
     writeFile(home_ / ".local", "a file in the way");
     EXPECT_EQ(install().status, 50);
     EXPECT_TRUE(fs::is_empty(userFolder_));
 }
 
-TEST_F(InstallTest, interruptedWhileExtractingKeepsTheOldVersion) {
+TEST_F(Install, interruptedWhileExtractingKeepsTheOldVersion) {
     plant(userFolder_, "2.3.0");
     fakeTool("tar", "kill -TERM $PPID; PATH=/usr/bin:/bin; exec tar \"$@\"");
     expectOldVersionAfter(install(), 30);
 }
 
-TEST_F(InstallTest, interruptedBetweenMovingAsideAndPlacingRestoresTheOldVersion) {
+TEST_F(Install, interruptedBetweenMovingAsideAndPlacingRestoresTheOldVersion) {
     plant(userFolder_, "2.3.0");
     fakeTool(
         "mv",
@@ -322,14 +322,14 @@ TEST_F(InstallTest, interruptedBetweenMovingAsideAndPlacingRestoresTheOldVersion
     expectOldVersionAfter(install(), 40);
 }
 
-TEST_F(InstallTest, interruptedWhileRegisteringRestoresTheOldVersion) {
+TEST_F(Install, interruptedWhileRegisteringRestoresTheOldVersion) {
     plant(userFolder_, "2.3.0");
     fakeTool("mkdir",
              "case $* in *local*) kill -TERM $PPID ;; esac; PATH=/usr/bin:/bin; exec mkdir \"$@\"");
     expectOldVersionAfter(install(), 50);
 }
 
-TEST_F(InstallTest, removesAnOldVersionWhoseFoldersAreReadOnly) {
+TEST_F(Install, removesAnOldVersionWhoseFoldersAreReadOnly) {
     plant(userFolder_, "2.3.0");
     const fs::path inner = userFolder_ / "Lumiq.plugin/inner";
     fs::create_directories(inner);

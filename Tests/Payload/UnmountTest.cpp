@@ -2,7 +2,7 @@
 
 namespace fs = std::filesystem;
 
-class UnmountTest : public PayloadFixture {
+class Unmount : public PayloadFixture {
 protected:
     void SetUp() override {
         PayloadFixture::SetUp();
@@ -30,13 +30,13 @@ protected:
     fs::path volume_;
 };
 
-TEST_F(UnmountTest, detachesTheMediumItWasStartedFrom) {
+TEST_F(Unmount, detachesTheMediumItWasStartedFrom) {
     EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
     EXPECT_EQ(calls(), "mount -u " + volume_.string() + "\n");
     EXPECT_NE(log().find("Detached " + volume_.string()), std::string::npos) << log();
 }
 
-TEST_F(UnmountTest, leavesOtherVolumesAlone) {
+TEST_F(Unmount, leavesOtherVolumesAlone) {
     reportVolume(root_);
     EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
     reportVolume("/");
@@ -47,14 +47,14 @@ TEST_F(UnmountTest, leavesOtherVolumesAlone) {
     EXPECT_NE(log().find("Nothing to detach"), std::string::npos) << log();
 }
 
-TEST_F(UnmountTest, givesUpOnAMediumInUse) {
+TEST_F(Unmount, givesUpOnAMediumInUse) {
     fakeTool("gio", "echo \"$@\" >>'" + (root_ / "calls").string() + "'; exit 2");
     fakeTool("umount", "exit 1");
     EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
     EXPECT_NE(log().find("stays attached"), std::string::npos) << log();
 }
 
-TEST_F(UnmountTest, triesAgainUntilTheMediumIsFree) {
+TEST_F(Unmount, triesAgainUntilTheMediumIsFree) {
     const std::string calls = "'" + (root_ / "calls").string() + "'";
     fakeTool("gio", "echo >>" + calls + "; [ \"$(wc -l <" + calls + ")\" -ge 3 ]");
     fakeTool("umount", "exit 1");
@@ -62,7 +62,7 @@ TEST_F(UnmountTest, triesAgainUntilTheMediumIsFree) {
     EXPECT_NE(log().find("Detached "), std::string::npos) << log();
 }
 
-TEST_F(UnmountTest, endsWithStatus0WithoutAHome) {
+TEST_F(Unmount, endsWithStatus0WithoutAHome) {
     homeValue_.reset();
     reportVolume("/");
     EXPECT_EQ(runScript("unmount", {"&"}).status, 0);

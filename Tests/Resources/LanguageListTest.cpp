@@ -28,14 +28,14 @@ std::set<std::string> codesIn(const fs::path& folder, const std::string& prefix,
 
 } // namespace
 
-TEST(LanguageListTest, namesEveryLanguageFolderAndNoOther) {
+TEST(LanguageList, namesEveryLanguageFolderAndNoOther) {
     EXPECT_EQ(codesIn(source, "", ".lproj"), languages);
 }
 
-TEST(LanguageListTest, namesEveryLicenseTextAndNoOther) {
+TEST(LanguageList, namesEveryLicenseTextAndNoOther) {
     EXPECT_EQ(codesIn(source / "Licenses", "LA_", ".txt"), licenses);
 }
 
-TEST(LanguageListTest, isWhatIsStaged) {
+TEST(LanguageList, isWhatIsStaged) {
     EXPECT_EQ(codesIn(staged, "", ".lproj"), languages);
 }

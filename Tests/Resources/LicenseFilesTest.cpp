@@ -25,14 +25,14 @@ const fs::path source = VEXORA_RESOURCES_SOURCE;
 
 } // namespace
 
-class LicenseFilesTest : public testing::TestWithParam<std::string> {};
+class LicenseFiles : public testing::TestWithParam<std::string> {};
 
-TEST_P(LicenseFilesTest, areTheSourceTextInUtf16WithAMark) {
+TEST_P(LicenseFiles, areTheSourceTextInUtf16WithAMark) {
     const std::string text = readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
     EXPECT_EQ(shown(staged / ("LA_" + GetParam())), text);
 }
 
-TEST_P(LicenseFilesTest, areAWholeAgreementInElevenNumberedSections) {
+TEST_P(LicenseFiles, areAWholeAgreementInElevenNumberedSections) {
     const std::string text = readBytes(source / "Licenses" / ("LA_" + GetParam() + ".txt"));
     for (int section = 1; section <= 11; ++section) {
         EXPECT_NE(text.find("\n\n" + std::to_string(section) + ". "), std::string::npos) << section;
@@ -42,7 +42,7 @@ TEST_P(LicenseFilesTest, areAWholeAgreementInElevenNumberedSections) {
     EXPECT_TRUE(text.ends_with("\n") && !text.ends_with("\n\n"));
 }
 
-TEST_P(LicenseFilesTest, haveTheSamePlaceholdersAndParagraphsAsTheEnglishText) {
+TEST_P(LicenseFiles, haveTheSamePlaceholdersAndParagraphsAsTheEnglishText) {
     const auto shape = [](const std::string& text) {
         std::size_t paragraphs = 0;
         std::size_t placeholders = 0;
@@ -56,10 +56,10 @@ TEST_P(LicenseFilesTest, haveTheSamePlaceholdersAndParagraphsAsTheEnglishText) {
               shape(readBytes(source / "Licenses/LA_en.txt")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, LicenseFilesTest, testing::Values(VEXORA_LICENSE_CODES),
+INSTANTIATE_TEST_SUITE_P(Languages, LicenseFiles, testing::Values(VEXORA_LICENSE_CODES),
                          [](const auto& parameter) { return parameter.param; });
 
-TEST(LicenseFallbackTest, everyTwoLetterCodeHasAText) {
+TEST(LicenseFallback, everyTwoLetterCodeHasAText) {
     const std::set<std::string> codes = {VEXORA_ISO_CODES};
     EXPECT_EQ(codes.size(), 183U);
     for (const std::string& code : codes) {
@@ -67,7 +67,7 @@ TEST(LicenseFallbackTest, everyTwoLetterCodeHasAText) {
     }
 }
 
-TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
+TEST(LicenseFallback, languageWithoutATextOfItsOwnHasTheEnglishOne) {
     const std::set<std::string> own = {VEXORA_LICENSE_CODES};
     for (const std::string code : {VEXORA_ISO_CODES}) {
         const fs::path file = staged / ("LA_" + code);
@@ -79,7 +79,7 @@ TEST(LicenseFallbackTest, languageWithoutATextOfItsOwnHasTheEnglishOne) {
     }
 }
 
-TEST(LicenseFallbackTest, everyLanguageOfTheProgramHasATwoLetterCode) {
+TEST(LicenseFallback, everyLanguageOfTheProgramHasATwoLetterCode) {
     const std::set<std::string> codes = {VEXORA_ISO_CODES};
     for (const std::string code : {VEXORA_LANGUAGE_CODES}) {
         EXPECT_TRUE(codes.contains(code)) << code;

@@ -38,7 +38,7 @@ std::string iconName(std::uint32_t size) {
 
 } // namespace
 
-TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
+TEST(StagedFiles, imagesHaveTheSizesTheirNamesPromise) {
     EXPECT_EQ(pngSize(staged / "lumiqLogo.png"), std::pair(96U, 96U));
     EXPECT_EQ(pngSize(staged / "lumiqLogo@2x.png"), std::pair(192U, 192U));
     EXPECT_EQ(pngSize(staged / "closeIcon.png"), std::pair(32U, 32U));
@@ -48,14 +48,14 @@ TEST(StagedFilesTest, imagesHaveTheSizesTheirNamesPromise) {
     }
 }
 
-TEST(StagedFilesTest, iconIsDrawnInEverySizeThatSystemsAskFor) {
+TEST(StagedFiles, iconIsDrawnInEverySizeThatSystemsAskFor) {
     const fs::path images = fs::path(VEXORA_RESOURCES_SOURCE) / "Images";
     for (const std::uint32_t size : {32U, 64U, 128U, 256U, 512U, 1024U}) {
         EXPECT_EQ(pngSize(images / iconName(size)), std::pair(size, size)) << size;
     }
 }
 
-TEST(StagedFilesTest, payloadIsCompleteAndExecutable) {
+TEST(StagedFiles, payloadIsCompleteAndExecutable) {
     for (const char* name : {"install", "unmount"}) {
         EXPECT_NE(fs::status(staged / name).permissions() & fs::perms::others_exec, fs::perms::none)
             << name;

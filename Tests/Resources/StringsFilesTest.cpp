@@ -36,7 +36,7 @@ std::string marked(std::string_view text, char tag) {
 
 } // namespace
 
-class StringsFilesTest : public testing::TestWithParam<std::string> {
+class StringsFiles : public testing::TestWithParam<std::string> {
 protected:
     // Reads the texts as the program does.
     void SetUp() override {
@@ -57,12 +57,12 @@ protected:
     std::map<std::string, std::string, std::less<>> texts_;
 };
 
-TEST_P(StringsFilesTest, namesTheStartButtonAsItIsLabelled) {
+TEST_P(StringsFiles, namesTheStartButtonAsItIsLabelled) {
     EXPECT_EQ(marked(texts_["To install Ondrel Vexora Lumiq, click <b>Start</b>."], 'b'),
               texts_["Start"]);
 }
 
-TEST_P(StringsFilesTest, keepsTheProductName) {
+TEST_P(StringsFiles, keepsTheProductName) {
     for (const std::string_view name : {"Ondrel Vexora Lumiq", "Ondrel Vexora"}) {
         for (const auto& [identifier, text] : texts_) {
             EXPECT_EQ(count(text, name), count(identifier, name)) << text;
@@ -70,5 +70,5 @@ TEST_P(StringsFilesTest, keepsTheProductName) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, StringsFilesTest, testing::Values(VEXORA_LANGUAGE_CODES),
+INSTANTIATE_TEST_SUITE_P(Languages, StringsFiles, testing::Values(VEXORA_LANGUAGE_CODES),
                          [](const auto& parameter) { return parameter.param; });

@@ -70,9 +70,9 @@ std::size_t allocationsOf(const Call& call) {
     return allocations - before;
 }
 
-class AllocationTest : public testing::Test {
+class Allocation : public testing::Test {
 protected:
-    AllocationTest() {
+    Allocation() {
         folder_.write("Localizable.strings", "\"" + longKey + "\" = \"Los\"\n\"Start\" = \"" +
                                                  longValue +
                                                  "\"\n\"Installing %d of %d files now\" = \"%d von "
@@ -87,17 +87,17 @@ protected:
 
 } // namespace
 
-TEST_F(AllocationTest, countsWhatIsAllocated) {
+TEST_F(Allocation, countsWhatIsAllocated) {
     EXPECT_EQ(allocationsOf([] { return std::string(100, 'x'); }), 1U);
     EXPECT_EQ(allocationsOf([] { return 1; }), 0U);
 }
 
-TEST_F(AllocationTest, keyWithNothingToEscapeAllocatesNothingToBeLookedUp) {
+TEST_F(Allocation, keyWithNothingToEscapeAllocatesNothingToBeLookedUp) {
     ASSERT_EQ(parser_.getMessage(longKey), "Los");
     EXPECT_EQ(allocationsOf([this] { return parser_.getMessage(longKey); }), 0U);
 }
 
-TEST_F(AllocationTest, longResultOfALookUpIsItsOneAllocation) {
+TEST_F(Allocation, longResultOfALookUpIsItsOneAllocation) {
     const std::string start = "Start";
     const std::string missing(100, 'x');
     ASSERT_EQ(parser_.getMessage(start), longValue);
@@ -105,7 +105,7 @@ TEST_F(AllocationTest, longResultOfALookUpIsItsOneAllocation) {
     EXPECT_EQ(allocationsOf([&] { return parser_.getMessage(missing); }), 1U);
 }
 
-TEST_F(AllocationTest, translationAllocatesTheFormatCopyAndTheResultOnly) {
+TEST_F(Allocation, translationAllocatesTheFormatCopyAndTheResultOnly) {
     auto* translator = Translator::getInstance();
     translator->init(new KVParser("Localizable.strings"), "de", folder_.path().string(),
                      "Localizable.strings");
@@ -117,7 +117,7 @@ TEST_F(AllocationTest, translationAllocatesTheFormatCopyAndTheResultOnly) {
     EXPECT_LE(allocationsOf([=] { return translator->tr("A text that has no translation"); }), 2U);
 }
 
-TEST_F(AllocationTest, parsingAgainAndAgainDoesNotGrow) {
+TEST_F(Allocation, parsingAgainAndAgainDoesNotGrow) {
     parser_.parse();
     const std::size_t before = bytesInUse;
     for (int i = 0; i < 100; ++i) {
@@ -126,7 +126,7 @@ TEST_F(AllocationTest, parsingAgainAndAgainDoesNotGrow) {
     EXPECT_EQ(bytesInUse, before);
 }
 
-TEST_F(AllocationTest, replacedValuesAreNotKept) {
+TEST_F(Allocation, replacedValuesAreNotKept) {
     const std::string large(1'000'000, 'x');
     folder_.write("Localizable.strings", "\"Start\" = \"" + large + "\"\n");
     parser_.parse();
@@ -136,7 +136,7 @@ TEST_F(AllocationTest, replacedValuesAreNotKept) {
     EXPECT_LE(bytesInUse + large.size() - longValue.size(), before);
 }
 
-TEST_F(AllocationTest, whatIsNoEntryIsNotKept) {
+TEST_F(Allocation, whatIsNoEntryIsNotKept) {
     constexpr std::size_t size = 1'000'000;
     folder_.write("Localizable.strings",
                   "// " + std::string(size, 'x') + "\n\"Start\" = \"Los\"\n");

@@ -62,9 +62,9 @@ namespace {
 constexpr const char* first = "\"Close\" = \"Beenden\"\n";
 constexpr const char* second = "\"Install\" = \"Installieren\"\n";
 
-class KVParserReadTest : public testing::Test {
+class KVParserRead : public testing::Test {
 protected:
-    KVParserReadTest() {
+    KVParserRead() {
         parser_.setLocaleDir(folder_.path().string());
         folder_.write("Localizable.strings", std::string(first) + second);
     }
@@ -82,7 +82,7 @@ protected:
 
 } // namespace
 
-TEST_F(KVParserReadTest, errorInMidFileKeepsTheEntriesReadSoFar) {
+TEST_F(KVParserRead, errorInMidFileKeepsTheEntriesReadSoFar) {
     const std::size_t complete = std::string(first).size();
     for (const std::size_t bytes : {complete, complete + 1, complete + 23}) {
         parse({.chunk = 7, .bytes = bytes, .error = EIO});
@@ -91,24 +91,24 @@ TEST_F(KVParserReadTest, errorInMidFileKeepsTheEntriesReadSoFar) {
     }
 }
 
-TEST_F(KVParserReadTest, errorInTheFirstLineLeavesNoEntry) {
+TEST_F(KVParserRead, errorInTheFirstLineLeavesNoEntry) {
     parse({.chunk = 4096, .bytes = 17, .error = EIO});
     EXPECT_EQ(parser_.getMessage("Close"), "Close");
 }
 
-TEST_F(KVParserReadTest, errorKeepsWhatTheTableHeldBefore) {
+TEST_F(KVParserRead, errorKeepsWhatTheTableHeldBefore) {
     parse({.chunk = 4096});
     parse({.chunk = 4096, .bytes = 0, .error = EIO});
     EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
 }
 
-TEST_F(KVParserReadTest, interruptedReadIsTriedAgain) {
+TEST_F(KVParserRead, interruptedReadIsTriedAgain) {
     parse({.chunk = 5, .bytes = 10, .error = EINTR, .once = true});
     EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
     EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
 }
 
-TEST_F(KVParserReadTest, fileIsReadInPiecesOfAnySize) {
+TEST_F(KVParserRead, fileIsReadInPiecesOfAnySize) {
     for (std::size_t chunk = 1; chunk < 50; ++chunk) {
         KVParser parser("Localizable.strings");
         parser.setLocaleDir(folder_.path().string());

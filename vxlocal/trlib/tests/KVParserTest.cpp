@@ -15,7 +15,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-using namespace VXLOCAL;
+using VXLOCAL::Parser;
+using VXLOCAL::TemporaryFolder;
 
 namespace {
 
@@ -106,9 +107,9 @@ const std::vector<Reading> readings = {
      {{"Install\tnow", "Install\tnow"}}},
 };
 
-class KVParserTest : public testing::Test {
+class KVParser : public testing::Test {
 protected:
-    KVParserTest() { parser_.setLocaleDir(folder_.path().string()); }
+    KVParser() { parser_.setLocaleDir(folder_.path().string()); }
 
     /// Has the catalogue read these bytes on top of what it holds.
     void parse(std::string_view bytes) {
@@ -131,14 +132,14 @@ protected:
     std::string path() const { return parser_.localeFile(""); }
 
     TemporaryFolder folder_;
-    KVParser parser_{filename};
+    VXLOCAL::KVParser parser_{filename};
 };
 
 } // namespace
 
-TEST_F(KVParserTest, readsEveryLineAsTheFormatSays) {
+TEST_F(KVParser, readsEveryLineAsTheFormatSays) {
     for (const Reading& reading : readings) {
-        const std::unique_ptr<Parser> parser = std::make_unique<KVParser>(filename);
+        const std::unique_ptr<Parser> parser = std::make_unique<VXLOCAL::KVParser>(filename);
         parser->setLocaleDir(folder_.path().string());
         folder_.write(filename, reading.file);
         parser->parse();
@@ -148,7 +149,7 @@ TEST_F(KVParserTest, readsEveryLineAsTheFormatSays) {
     }
 }
 
-TEST_F(KVParserTest, lastOfManyLinesWithOneKeyWins) {
+TEST_F(KVParser, lastOfManyLinesWithOneKeyWins) {
     std::string bytes;
     for (int i = 0; i < 1000; ++i) {
         bytes += "\"Key " + std::to_string(i % 7) + "\" = \"" + std::to_string(i) + "\"\n";
@@ -159,18 +160,18 @@ TEST_F(KVParserTest, lastOfManyLinesWithOneKeyWins) {
     }
 }
 
-TEST_F(KVParserTest, keyThatIsNotInTheTableComesBackUnchanged) {
+TEST_F(KVParser, keyThatIsNotInTheTableComesBackUnchanged) {
     parse("\"Install\" = \"Installieren\"\n");
     EXPECT_EQ(message("Open logs"), "Open logs");
     EXPECT_EQ(message("Open\nlogs\t\"\\\v"), "Open\nlogs\t\"\\\v");
     EXPECT_EQ(message(""), "");
 }
 
-TEST_F(KVParserTest, missingFileThrowsWithItsFullPath) {
+TEST_F(KVParser, missingFileThrowsWithItsFullPath) {
     EXPECT_EQ(parseError(), "Could not open " + folder_.path().string() + "/" + filename + "\n");
 }
 
-TEST_F(KVParserTest, unreadableFileThrowsAndKeepsTheTable) {
+TEST_F(KVParser, unreadableFileThrowsAndKeepsTheTable) {
     parse("\"Install\" = \"Installieren\"\n");
     std::filesystem::remove(path());
     std::filesystem::create_symlink(filename,
@@ -179,7 +180,7 @@ TEST_F(KVParserTest, unreadableFileThrowsAndKeepsTheTable) {
     EXPECT_EQ(message("Install"), "Installieren");
 }
 
-TEST_F(KVParserTest, directoryInPlaceOfTheFileHoldsNoEntriesAndIsNoError) {
+TEST_F(KVParser, directoryInPlaceOfTheFileHoldsNoEntriesAndIsNoError) {
     parse("\"Install\" = \"Installieren\"\n");
     std::filesystem::remove(path());
     std::filesystem::create_directory(path());
@@ -187,7 +188,7 @@ TEST_F(KVParserTest, directoryInPlaceOfTheFileHoldsNoEntriesAndIsNoError) {
     EXPECT_EQ(message("Install"), "Installieren");
 }
 
-TEST_F(KVParserTest, fileIsClosedWhenItIsRead) {
+TEST_F(KVParser, fileIsClosedWhenItIsRead) {
     const auto lowestFreeDescriptor = [] {
         const int descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
         close(descriptor);
@@ -198,12 +199,12 @@ TEST_F(KVParserTest, fileIsClosedWhenItIsRead) {
     EXPECT_EQ(lowestFreeDescriptor(), before);
 }
 
-TEST_F(KVParserTest, tableIsEmptyBeforeTheFirstParse) {
+TEST_F(KVParser, tableIsEmptyBeforeTheFirstParse) {
     folder_.write(filename, "\"Install\" = \"Installieren\"\n");
     EXPECT_EQ(message("Install"), "Install");
 }
 
-TEST_F(KVParserTest, secondParseMergesIntoTheTable) {
+TEST_F(KVParser, secondParseMergesIntoTheTable) {
     parse("\"Close\" = \"Beenden\"\n\"Install\" = \"Installieren\"\n");
     parse("\"Install\" = \"Installer\"\n\"Start\" = \"Commencer\"\n");
     EXPECT_EQ(message("Close"), "Beenden");
@@ -211,7 +212,7 @@ TEST_F(KVParserTest, secondParseMergesIntoTheTable) {
     EXPECT_EQ(message("Start"), "Commencer");
 }
 
-TEST_F(KVParserTest, zeroBytesAreBytes) {
+TEST_F(KVParser, zeroBytesAreBytes) {
     const std::string key("In\0stall", 8);
     const std::string value("Install\0ieren", 13);
     parse("\"" + key + "\" = \"" + value + "\"\n\"In\" = \"Hinein\"\n");
@@ -219,7 +220,7 @@ TEST_F(KVParserTest, zeroBytesAreBytes) {
     EXPECT_EQ(message("In"), "Hinein");
 }
 
-TEST_F(KVParserTest, findsKeysOfEveryByteBesideTheirNeighbours) {
+TEST_F(KVParser, findsKeysOfEveryByteBesideTheirNeighbours) {
     std::string bytes;
     for (int value = 255; value >= 0; --value) {
         if (value != '\n' && value != '"') {
@@ -238,7 +239,7 @@ TEST_F(KVParserTest, findsKeysOfEveryByteBesideTheirNeighbours) {
     EXPECT_EQ(message(std::string("k\0", 2)), "0");
 }
 
-TEST_F(KVParserTest, settingTheLocaleAloneReadsTheSameFile) {
+TEST_F(KVParser, settingTheLocaleAloneReadsTheSameFile) {
     parse("\"Install\" = \"Installieren\"\n");
     parser_.setLocale("fr");
     folder_.write(filename, "\"Install\" = \"Installer\"\n");
@@ -246,7 +247,7 @@ TEST_F(KVParserTest, settingTheLocaleAloneReadsTheSameFile) {
     EXPECT_EQ(message("Install"), "Installer");
 }
 
-TEST_F(KVParserTest, loadsAMillionEntriesInAnyOrder) {
+TEST_F(KVParser, loadsAMillionEntriesInAnyOrder) {
     constexpr std::size_t count = 1'000'000;
     constexpr std::size_t step = 611'953; // prime to the count, so that every number comes up once
     std::string bytes;
@@ -264,7 +265,7 @@ TEST_F(KVParserTest, loadsAMillionEntriesInAnyOrder) {
     EXPECT_EQ(message("Message 1000000"), "Message 1000000");
 }
 
-TEST_F(KVParserTest, loadsALineOf64Megabytes) {
+TEST_F(KVParser, loadsALineOf64Megabytes) {
     constexpr std::size_t size = std::size_t{64} << 20;
     const std::string value(size, 'x');
     parse("\"Install\" = \"" + value + "\"\n\"Close\" = \"Beenden\"\n");
@@ -272,7 +273,7 @@ TEST_F(KVParserTest, loadsALineOf64Megabytes) {
     EXPECT_EQ(message("Close"), "Beenden");
 }
 
-TEST_F(KVParserTest, ignoresALineOf64MegabytesFullOfSeparators) {
+TEST_F(KVParser, ignoresALineOf64MegabytesFullOfSeparators) {
     constexpr std::size_t size = std::size_t{64} << 20;
     std::string bytes;
     bytes.reserve(size + 64);

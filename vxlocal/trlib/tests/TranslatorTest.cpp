@@ -19,15 +19,17 @@
 #include <utility>
 #include <vector>
 
-using namespace VXLOCAL;
+using VXLOCAL::KVParser;
+using VXLOCAL::Parser;
+using VXLOCAL::TemporaryFolder;
 
 namespace {
 
 constexpr const char* stringsFile = "Localizable.strings";
 constexpr std::size_t longestResult = 998;
 
-Translator& translator() {
-    return *Translator::getInstance();
+VXLOCAL::Translator& translator() {
+    return *VXLOCAL::Translator::getInstance();
 }
 
 /// Runs a check where the translator was never touched before, and fails when the check does.
@@ -53,7 +55,7 @@ std::string errorOf(const Call& call) {
     return "nothing thrown";
 }
 
-class TranslatorTest : public testing::Test {
+class Translator : public testing::Test {
 protected:
     /// Writes a language's strings file.
     /// \return the language's folder.
@@ -101,7 +103,7 @@ private:
 
 } // namespace
 
-TEST_F(TranslatorTest, everyTextStandsForItselfWithoutACatalogue) {
+TEST_F(Translator, everyTextStandsForItselfWithoutACatalogue) {
     inAFreshProcess([] {
         EXPECT_EQ(translator().tr("%d of 100 %%", 42), "42 of 100 %");
         EXPECT_EQ(translator().getMessage("100 %% %d"), "100 %% %d");
@@ -114,7 +116,7 @@ TEST_F(TranslatorTest, everyTextStandsForItselfWithoutACatalogue) {
     });
 }
 
-TEST_F(TranslatorTest, nullCatalogueThrowsAndLeavesTheEarlierOneInPlace) {
+TEST_F(Translator, nullCatalogueThrowsAndLeavesTheEarlierOneInPlace) {
     init("\"Install\" = \"Installieren\"\n");
     try {
         translator().init(nullptr, "fr", "/nowhere", "none");
@@ -126,7 +128,7 @@ TEST_F(TranslatorTest, nullCatalogueThrowsAndLeavesTheEarlierOneInPlace) {
     EXPECT_EQ(translator().localeDir(), (folder().path() / "de.lproj").string());
 }
 
-TEST_F(TranslatorTest, missingStringsFileThrowsAndTextsStayUntranslatedUntilItIsThere) {
+TEST_F(Translator, missingStringsFileThrowsAndTextsStayUntranslatedUntilItIsThere) {
     init("\"Install %d\" = \"Installieren %d\"\n");
     const std::string missing = (folder().path() / "xx.lproj").string();
     auto* parser = new KVParser(stringsFile);
@@ -141,13 +143,13 @@ TEST_F(TranslatorTest, missingStringsFileThrowsAndTextsStayUntranslatedUntilItIs
     EXPECT_EQ(translator().tr("Install %d", 42), "Installer 42");
 }
 
-TEST_F(TranslatorTest, translationIsFormattedWithTheArguments) {
+TEST_F(Translator, translationIsFormattedWithTheArguments) {
     init("\"Installed %d of %s\" = \"%d von %s installiert\"\n\"Start\" = \"Los, 100 %%\"\n");
     EXPECT_EQ(translator().tr("Installed %d of %s", 42, "Lumiq"), "42 von Lumiq installiert");
     EXPECT_EQ(translator().tr("Start"), "Los, 100 %");
 }
 
-TEST_F(TranslatorTest, resultIsCutAt998BytesAlsoInsideACharacter) {
+TEST_F(Translator, resultIsCutAt998BytesAlsoInsideACharacter) {
     const std::string text(longestResult + 100, 'x');
     init("\"Plain\" = \"" + text + "\"\n\"Formatted\" = \"%%" + text + "\"\n\"Fits\" = \"" +
          text.substr(0, longestResult) + "\"\n\"Umlaut\" = \"" + text.substr(0, longestResult - 1) +
@@ -160,7 +162,7 @@ TEST_F(TranslatorTest, resultIsCutAt998BytesAlsoInsideACharacter) {
     EXPECT_EQ(translator().tr("%1000d", 7), std::string(longestResult, ' '));
 }
 
-TEST_F(TranslatorTest, keysThatOnlyTheEarlierLanguageHadKeepTheirTranslations) {
+TEST_F(Translator, keysThatOnlyTheEarlierLanguageHadKeepTheirTranslations) {
     init("\"Install\" = \"Installieren\"\n\"Close\" = \"Beenden\"\n");
     translator().setLocaleDir(language("fr", "\"Install\" = \"Installer\"\n"));
     translator().setLocale("fr");
@@ -168,28 +170,28 @@ TEST_F(TranslatorTest, keysThatOnlyTheEarlierLanguageHadKeepTheirTranslations) {
     EXPECT_EQ(translator().tr("Close"), "Beenden");
 }
 
-TEST_F(TranslatorTest, firstCallsFromManyThreadsGetOneTranslator) {
+TEST_F(Translator, firstCallsFromManyThreadsGetOneTranslator) {
     inAFreshProcess([] {
-        std::vector<Translator*> instances(8);
+        std::vector<VXLOCAL::Translator*> instances(8);
         std::vector<std::thread> threads;
-        for (Translator*& instance : instances) {
-            threads.emplace_back([&instance] { instance = Translator::getInstance(); });
+        for (VXLOCAL::Translator*& instance : instances) {
+            threads.emplace_back([&instance] { instance = VXLOCAL::Translator::getInstance(); });
         }
         for (std::thread& thread : threads) {
             thread.join();
         }
-        const std::set<Translator*> different(instances.begin(), instances.end());
-        EXPECT_EQ(different, std::set{Translator::getInstance()});
+        const std::set<VXLOCAL::Translator*> different(instances.begin(), instances.end());
+        EXPECT_EQ(different, std::set{VXLOCAL::Translator::getInstance()});
     });
 }
 
-TEST_F(TranslatorTest, isNotCopied) {
-    EXPECT_FALSE(std::is_copy_constructible_v<Translator>);
-    EXPECT_FALSE(std::is_copy_assignable_v<Translator>);
-    EXPECT_FALSE(std::is_default_constructible_v<Translator>);
+TEST_F(Translator, isNotCopied) {
+    EXPECT_FALSE(std::is_copy_constructible_v<VXLOCAL::Translator>);
+    EXPECT_FALSE(std::is_copy_assignable_v<VXLOCAL::Translator>);
+    EXPECT_FALSE(std::is_default_constructible_v<VXLOCAL::Translator>);
 }
 
-TEST_F(TranslatorTest, initDestroysTheHeldCatalogueThenConfiguresAndParsesTheNewOne) {
+TEST_F(Translator, initDestroysTheHeldCatalogueThenConfiguresAndParsesTheNewOne) {
     std::vector<std::string> events;
     translator().init(new RecordingParser(events), "de", "/res/de.lproj", stringsFile);
     translator().init(new RecordingParser(events), "fr", "/res/fr.lproj", "Other.strings");
@@ -200,7 +202,7 @@ TEST_F(TranslatorTest, initDestroysTheHeldCatalogueThenConfiguresAndParsesTheNew
     EXPECT_EQ(events.back(), "destroyed, held: ");
 }
 
-TEST_F(TranslatorTest, setLocaleParsesAgainAndSetLocaleDirDoesNot) {
+TEST_F(Translator, setLocaleParsesAgainAndSetLocaleDirDoesNot) {
     std::vector<std::string> events;
     translator().init(new RecordingParser(events), "de", "/res/de.lproj", stringsFile);
     events.clear();
@@ -213,7 +215,7 @@ TEST_F(TranslatorTest, setLocaleParsesAgainAndSetLocaleDirDoesNot) {
     init("");
 }
 
-TEST_F(TranslatorTest, setLocaleThrowsForAMissingFileAndKeepsTheTranslationsAndTheNewName) {
+TEST_F(Translator, setLocaleThrowsForAMissingFileAndKeepsTheTranslationsAndTheNewName) {
     auto* parser = new KVParser(stringsFile);
     translator().init(parser, "de", language("de", "\"Install\" = \"Installieren\"\n"),
                       stringsFile);
@@ -225,7 +227,7 @@ TEST_F(TranslatorTest, setLocaleThrowsForAMissingFileAndKeepsTheTranslationsAndT
     EXPECT_EQ(parser->getLocale(), "xx");
 }
 
-TEST_F(TranslatorTest, getMessageAsksTheCatalogueAndFormatsNothing) {
+TEST_F(Translator, getMessageAsksTheCatalogueAndFormatsNothing) {
     std::vector<std::string> events;
     translator().init(new RecordingParser(events, "100 %%"), "de", "/res", stringsFile);
     events.clear();
@@ -235,7 +237,7 @@ TEST_F(TranslatorTest, getMessageAsksTheCatalogueAndFormatsNothing) {
     init("");
 }
 
-TEST_F(TranslatorTest, resultEndsAtItsFirstZeroByte) {
+TEST_F(Translator, resultEndsAtItsFirstZeroByte) {
     using namespace std::string_view_literals;
     init("\"Plain\" = \"In\0stall\"\n\"Formatted\" = \"%%In\0stall\"\n"sv);
     EXPECT_EQ(translator().tr("Plain"), "In");
@@ -243,12 +245,12 @@ TEST_F(TranslatorTest, resultEndsAtItsFirstZeroByte) {
     EXPECT_EQ(translator().tr("In%cstall", 0), "In");
 }
 
-TEST_F(TranslatorTest, conversionThatFailsNeverThrows) {
+TEST_F(Translator, conversionThatFailsNeverThrows) {
     init("");
     EXPECT_NO_THROW(translator().tr("Install %ls", L"\xD800"));
 }
 
-TEST_F(TranslatorTest, catalogueIsDestroyedAtProgramExit) {
+TEST_F(Translator, catalogueIsDestroyedAtProgramExit) {
     class LoudParser : public Parser {
     public:
         LoudParser() : Parser(stringsFile) {}

@@ -134,9 +134,9 @@ bool dirExists(const std::string& path) {
 }
 
 void printBytes(const std::string& text) {
-    std::cout << "Printing bytes of: " << text << std::endl;
+    std::cout << "Printing bytes of: " << text << '\n' << std::flush;
     for (const char byte : text) {
-        std::cout << std::hex << byte << std::endl;
+        std::cout << std::hex << byte << '\n' << std::flush;
     }
 }
 

@@ -103,6 +103,8 @@ class Desktop(Display):
         os.environ["DISPLAY"] = self.environment["DISPLAY"]
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.environment["DBUS_SESSION_BUS_ADDRESS"]
         os.environ["AT_SPI_BUS_ADDRESS"] = wait_until("the accessibility bus", self._address)
+        # On a busy machine the answer to a question may take as long as anything else.
+        pyatspi.setTimeout(round(DEADLINE * 1000), round(DEADLINE * 1000))
 
     def _address(self):
         """The address of the accessibility bus, or nothing while it is not there yet."""

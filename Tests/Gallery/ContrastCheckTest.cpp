@@ -1,6 +1,7 @@
 #include "ChecksFixture.h"
 
 #include "ContrastCheck.h"
+#include "Platform/Qt/Palette.h"
 
 #include <QPainter>
 
@@ -25,6 +26,15 @@ TEST(Contrast, isComputedAsDefined) {
     EXPECT_NEAR(Gallery::contrast(Qt::black, Qt::white), 21.0, 1e-6);
     EXPECT_NEAR(Gallery::contrast(Qt::white, QColor(0x77, 0x77, 0x77)), 4.48, 0.005);
     EXPECT_NEAR(Gallery::contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
+}
+
+TEST(Contrast, ofWhatMarksAControlIsAtLeastThree) {
+    namespace Palette = Vexora::Palette;
+    for (const QColor& under : {Palette::paper, Palette::sheet}) {
+        EXPECT_GE(Gallery::contrast(Palette::blue, under), 3.0);
+        EXPECT_GE(Gallery::contrast(Palette::outline, under), 3.0);
+    }
+    EXPECT_GE(Gallery::contrast(Palette::blue, Palette::track), 3.0);
 }
 
 TEST_F(ContrastCheck, letsTheFaintestGreyOnWhitePass) {

@@ -19,6 +19,11 @@ OFFENDERS = {
     "a row without a key": (ROWS, '{60,\n "Out of "\n "paper.",\n Presentation::Notice}', "lack: Out of paper."),
     "a key without a call": (STRINGS, '"Stop" = "Stop"', "no source shows the English message: Stop"),
     "a text from elsewhere": (SCREEN, "translator->tr(name)", "does not stand there: name"),
+    "a row with a name": (ROWS, "{60, outOfPaper,\n Presentation::Failure}", "does not stand there: outOfPaper"),
+    "a title past tr": (SCREEN, 'button->setTitle("Stop")', "past tr: Stop"),
+    "a label past tr": (SCREEN, 'label->setStringValue(\n"Stop")', "past tr: Stop"),
+    "a styled label past tr": (SCREEN, 'label->setAttributedStringValue(StyledText("Stop"))', "past tr: Stop"),
+    "another way into the strings": (SCREEN, 'translator->getMessage("Stop")', "past tr: Stop"),
 }
 
 
@@ -51,7 +56,8 @@ class CheckMessagesTest(unittest.TestCase):
 
     def test_a_message_that_is_shown_no_more_is_found(self):
         text = (self.root / SCREEN).read_text(encoding="utf-8")
-        (self.root / SCREEN).write_text(text.replace('"Open logs"', '"Close"'), encoding="utf-8")
+        (self.root / SCREEN).write_text(text.replace('"Open logs"', '"Close"') + '// tr("Open logs")\n/* tr(\n"Open logs") */',
+                                        encoding="utf-8")
         self.assertEqual(self.report(), (1, "no source shows the English message: Open logs\n"))
 
 

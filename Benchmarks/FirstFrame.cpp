@@ -172,7 +172,7 @@ private:
     bool showsSomething(xcb_window_t window, const xcb_rectangle_t& area) const {
         const auto image = imageOf(window, area);
         const auto pixels = pixelsOf(image.get());
-        return std::any_of(pixels.begin(), pixels.end(), [&pixels](std::uint32_t pixel) {
+        return std::ranges::any_of(pixels, [&pixels](std::uint32_t pixel) {
             return ((pixel ^ pixels.front()) & 0xffffffU) != 0;
         });
     }

@@ -272,7 +272,7 @@ void load(benchmark::State& state, const std::string& bytes) {
 void loadEntries(benchmark::State& state) {
     std::vector<std::int64_t> numbers(static_cast<std::size_t>(state.range(0)));
     std::iota(numbers.begin(), numbers.end(), 0);
-    std::shuffle(numbers.begin(), numbers.end(), std::minstd_rand(1));
+    std::ranges::shuffle(numbers, std::minstd_rand(1));
     std::string bytes;
     for (const std::int64_t number : numbers) {
         bytes += "\"This is the message with the number " + std::to_string(number) +

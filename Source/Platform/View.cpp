@@ -25,8 +25,8 @@ void View::removeFromSuperview() {
         return;
     }
     View& parent = *superview_;
-    const auto found = std::find_if(parent.subviews_.begin(), parent.subviews_.end(),
-                                    [this](const auto& sibling) { return sibling.get() == this; });
+    const auto found = std::ranges::find_if(
+        parent.subviews_, [this](const auto& sibling) { return sibling.get() == this; });
     const std::shared_ptr<View> keptAlive = *found;
     parent.subviews_.erase(found);
     superview_ = nullptr;

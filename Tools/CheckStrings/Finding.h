@@ -3,9 +3,9 @@
 
 #include "Rules.h"
 
+#include <compare>
 #include <cstddef>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -17,13 +17,10 @@ struct Finding {
     std::size_t line;
     Rule rule;
     std::string text;
-};
 
-/// Orders by file, line, rule and text.
-inline bool operator<(const Finding& left, const Finding& right) {
-    return std::tie(left.file, left.line, left.rule, left.text) <
-           std::tie(right.file, right.line, right.rule, right.text);
-}
+    /// Orders by file, line, rule and text.
+    auto operator<=>(const Finding&) const = default;
+};
 
 using Findings = std::vector<Finding>;
 

@@ -30,7 +30,7 @@ Findings check(const Request& request) {
             checkStringsFile(file, wanted, findings);
         }
     }
-    std::sort(findings.begin(), findings.end());
+    std::ranges::sort(findings);
     return findings;
 }
 

@@ -17,8 +17,8 @@ namespace {
 constexpr quint32 missing = 0;
 
 bool lacksGlyph(const QList<QGlyphRun>& runs) {
-    return std::any_of(runs.begin(), runs.end(),
-                       [](const QGlyphRun& run) { return run.glyphIndexes().contains(missing); });
+    return std::ranges::any_of(
+        runs, [](const QGlyphRun& run) { return run.glyphIndexes().contains(missing); });
 }
 
 /// The characters for which there is no glyph.

@@ -89,7 +89,7 @@ Faults checkApart(QWidget& window, const QList<PaintedText>& texts) {
     for (const PaintedText& text : texts) {
         for (const QWidget* other : widgets) {
             const bool seenBefore =
-                std::any_of(texts.begin(), texts.end(), [other, &text](const PaintedText& painted) {
+                std::ranges::any_of(texts, [other, &text](const PaintedText& painted) {
                     return painted.widget == other && painted.widget < text.widget;
                 });
             if (other == text.widget || seenBefore || !isControl(*other) ||
@@ -127,9 +127,8 @@ Places placesIn(QWidget& window, const QList<PaintedText>& texts) {
         }
         Place place{nameOf(*widget), placeOf(*widget), {}, {}};
         const bool scrolls = qobject_cast<const QTextEdit*>(widget->parentWidget()) != nullptr;
-        const auto painted =
-            std::find_if(texts.begin(), texts.end(),
-                         [widget](const PaintedText& text) { return text.widget == widget; });
+        const auto painted = std::ranges::find_if(
+            texts, [widget](const PaintedText& text) { return text.widget == widget; });
         if (painted != texts.end() && !scrolls) {
             place.text = painted->rect().translated(place.rect.topLeft());
         }

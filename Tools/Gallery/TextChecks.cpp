@@ -55,7 +55,7 @@ QString sorted(QString text) {
     text.removeIf([](QChar character) {
         return character.isSpace() || character.category() == QChar::Other_Format;
     });
-    std::sort(text.begin(), text.end());
+    std::ranges::sort(text);
     return text;
 }
 
@@ -146,13 +146,13 @@ Faults checkLetters(const QString& control, const QString& text, Qt::LayoutDirec
     const auto isRightToLeft = [](QChar character) {
         return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
     };
-    const auto found = std::find_if(text.begin(), text.end(), isRightToLeft);
+    const auto found = std::ranges::find_if(text, isRightToLeft);
     if (direction == Qt::LeftToRight && found != text.end()) {
         return {
             {control, "holds, in a layout from left to right, " + characterName(found->unicode())}};
     }
     const bool hasLetters =
-        std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
+        std::ranges::any_of(text, [](QChar character) { return character.isLetter(); });
     if (direction == Qt::RightToLeft && found == text.end() && hasLetters) {
         return {{control,
                  QString("has no letter from right to left in such a layout: \"%1\"").arg(text)}};
@@ -178,7 +178,7 @@ Faults checkLines(const PaintedText& painted) {
     for (const PaintedPiece& piece : painted.pieces) {
         baselines.append(piece.baseline);
     }
-    std::sort(baselines.begin(), baselines.end());
+    std::ranges::sort(baselines);
     const qreal needed = QFontMetricsF(painted.widget->font()).height();
     for (qsizetype index = 1; index < baselines.size(); ++index) {
         const qreal distance = baselines.at(index) - baselines.at(index - 1);

@@ -61,7 +61,7 @@ bool Draft::take(const QString& file) {
 void Draft::checkRules() {
     CheckStrings::Findings findings;
     CheckStrings::checkStringsFile(copy_.toStdString(), keys_, findings);
-    std::sort(findings.begin(), findings.end());
+    std::ranges::sort(findings);
     QStringList missing;
     for (const CheckStrings::Finding& finding : findings) {
         if (finding.rule == CheckStrings::Rule::MissingKey) {

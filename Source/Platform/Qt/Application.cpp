@@ -97,7 +97,7 @@ QPushButton* QtWindow::buttonForReturn() const {
         return focused;
     }
     const auto buttons = findChildren<QPushButton*>();
-    const auto found = std::find_if(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+    const auto found = std::ranges::find_if(buttons, [](const QPushButton* button) {
         return button->isDefault() && button->isVisible();
     });
     return found == buttons.end() ? nullptr : *found;

@@ -60,9 +60,8 @@ void Pane::restoreFocus() {
 
 QWidget* Pane::initialFocus() const {
     const auto widgets = findChildren<QWidget*>();
-    const auto found = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* widget) {
-        return widget->property("initialFocus").toBool();
-    });
+    const auto found = std::ranges::find_if(
+        widgets, [](const QWidget* widget) { return widget->property("initialFocus").toBool(); });
     return found == widgets.end() ? nullptr : *found;
 }
 
@@ -171,7 +170,7 @@ void orderFocusByReading(QWidget& window) {
             places.append({rect, mirrored ? -rect.center().x() : rect.center().x(), widget});
         }
     }
-    std::sort(places.begin(), places.end(), [](const Place& upper, const Place& lower) {
+    std::ranges::sort(places, [](const Place& upper, const Place& lower) {
         return upper.rect.center().y() < lower.rect.center().y();
     });
     for (qsizetype index = 1; index < places.size(); ++index) {
@@ -179,7 +178,7 @@ void orderFocusByReading(QWidget& window) {
         const bool startsRow = places[index].rect.top() > above.rect.center().y();
         places[index].row = above.row + (startsRow ? 1 : 0);
     }
-    std::sort(places.begin(), places.end(), [](const Place& left, const Place& right) {
+    std::ranges::sort(places, [](const Place& left, const Place& right) {
         return left.row != right.row ? left.row < right.row : left.column < right.column;
     });
     for (qsizetype index = 1; index < places.size(); ++index) {

@@ -38,12 +38,12 @@ Lines CallLog::beginningWith(const std::string& start) const {
 
 std::size_t CallLog::count(const std::string& line) const {
     const std::lock_guard lock(mutex_);
-    return static_cast<std::size_t>(std::count(lines_.begin(), lines_.end(), line));
+    return static_cast<std::size_t>(std::ranges::count(lines_, line));
 }
 
 std::size_t CallLog::positionOf(const std::string& line) const {
     const std::lock_guard lock(mutex_);
-    const auto found = std::find(lines_.begin(), lines_.end(), line);
+    const auto found = std::ranges::find(lines_, line);
     if (found == lines_.end()) {
         throw std::out_of_range("never called: " + line);
     }

@@ -165,9 +165,7 @@ std::string KVParser::getMessage(const std::string& key) const {
         escaped = TRTools::escape(key);
         wanted = escaped;
     }
-    const auto entry = std::lower_bound(
-        messages.begin(), messages.end(), wanted,
-        [](const Entry& left, std::string_view right) { return left.key < right; });
+    const auto entry = std::ranges::lower_bound(messages, wanted, {}, &Entry::key);
     if (entry == messages.end() || entry->key != wanted) {
         return key;
     }

@@ -98,7 +98,7 @@ std::string escape(const std::string& text) {
 }
 
 bool needsEscape(std::string_view text) {
-    return std::any_of(text.begin(), text.end(), [](char byte) { return escapeLetter(byte) != 0; });
+    return std::ranges::any_of(text, [](char byte) { return escapeLetter(byte) != 0; });
 }
 
 std::string unescape(const std::string& text) {

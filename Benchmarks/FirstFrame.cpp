@@ -1,4 +1,4 @@
-// FirstFrame COMMAND [ARGUMENT...] starts a program and prints the milliseconds from there until
+// first_frame COMMAND [ARGUMENT...] starts a program and prints the milliseconds from there until
 // the X server has the first frame of the program's window, and the program's process number.
 //
 // It looks from outside, as a client of the same display. The window is one that names the
@@ -202,7 +202,7 @@ pid_t start(char** command) {
 
 int main(int argc, char** argv) {
     if (argc < 2) {
-        std::cerr << "Usage: FirstFrame COMMAND [ARGUMENT...]\n";
+        std::cerr << "Usage: first_frame COMMAND [ARGUMENT...]\n";
         return 2;
     }
     pid_t process = 0;
@@ -217,7 +217,7 @@ int main(int argc, char** argv) {
             std::cout << display.picture() << std::endl;
         }
     } catch (const std::exception& error) {
-        std::cerr << "FirstFrame: " << error.what() << '\n';
+        std::cerr << "first_frame: " << error.what() << '\n';
         status = 1;
     }
     if (process > 0) {

@@ -1,4 +1,4 @@
-// RenderGallery FOLDER CODE [RESOURCES] renders every scene of a language or pseudo-locale into the
+// render_gallery FOLDER CODE [RESOURCES] renders every scene of a language or pseudo-locale into the
 // folder, at the scale of the display, and measures what the pictures show; its texts come from
 // another resource folder where one is named. Prints what is wrong, one line each, and fails when
 // there is anything.
@@ -12,7 +12,7 @@
 
 int main(int argc, char** argv) {
     if (argc < 3 || argc > 4) {
-        std::fputs("Usage: RenderGallery FOLDER CODE [RESOURCES]\n", stderr);
+        std::fputs("Usage: render_gallery FOLDER CODE [RESOURCES]\n", stderr);
         return 2;
     }
     try {
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
         }
         return faults.isEmpty() ? 0 : 1;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "RenderGallery: %s\n", error.what());
+        std::fprintf(stderr, "render_gallery: %s\n", error.what());
         return 2;
     }
 }

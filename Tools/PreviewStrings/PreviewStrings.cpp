@@ -1,4 +1,4 @@
-// PreviewStrings FILE [LANGUAGE] shows every screen in the texts of a strings file, and again
+// preview_strings FILE [LANGUAGE] shows every screen in the texts of a strings file, and again
 // whenever the file is saved. The language is that of the file's folder, xx.lproj, or the one
 // given.
 #include "Platform/Backend.h"

@@ -1,4 +1,4 @@
-// PseudoLocales RESOURCES FOLDER CODE... makes three pseudo-locales out of the languages with these
+// make_pseudo_locales RESOURCES FOLDER CODE... makes three pseudo-locales out of the languages with these
 // codes in the resources' sources, and writes the strings file and the licence of each below the
 // folder: xa is accented English, xr the same from right to left, and xl takes each message from
 // the language with the widest word in it, and of several such the one that is the widest as a
@@ -105,13 +105,13 @@ int main(int argc, char** argv) {
     const QGuiApplication toolkit(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
     if (arguments.size() < 4) {
-        std::fputs("Usage: PseudoLocales RESOURCES FOLDER CODE...\n", stderr);
+        std::fputs("Usage: make_pseudo_locales RESOURCES FOLDER CODE...\n", stderr);
         return 2;
     }
     try {
         make(arguments.at(1), arguments.at(2), arguments.mid(3));
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "PseudoLocales: %s\n", error.what());
+        std::fprintf(stderr, "make_pseudo_locales: %s\n", error.what());
         return 1;
     }
     return 0;

@@ -1,0 +1,66 @@
+"""What lint finds by itself, tried on a checkout of nothing but offenders."""
+
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent.parent
+
+# By the check that must find it: the offenders, each with its text, and what the check must say.
+OFFENDERS = {
+    "file sizes": ({"Source/main.cpp": "\n" * 61, "CMakeLists.txt": "\n" * 81, "Tests/long.py": "\n" * 401,
+                    "Tests/short.py": "\n" * 400},
+                   ["CMakeLists.txt has 81 lines, more than 80", "Source/main.cpp has 61 lines, more than 60",
+                    "Tests/long.py has 401 lines, more than 400"]),
+    "documents name what exists": ({"docs/a.md": "See [c](../docs/c.md), `docs/d.md` and `Tools/lint`.\n"},
+                                   ["docs/a.md names ../docs/c.md, which does not exist",
+                                    "docs/a.md names docs/d.md, which does not exist"]),
+    "interface definitions without text": ({"Resources/Interface/A.json": '{"title": ""}\n', "Resources/Interface/A.ui": "\n"},
+                                           ['Resources/Interface/A.json:1:{"title": ""}']),
+}
+
+
+class CheckLintTest(unittest.TestCase):
+    def setUp(self):
+        self.root = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        (self.root / "Tools").mkdir()
+        shutil.copy(ROOT / "Tools" / "lint", self.root / "Tools")
+
+    def report_with(self, files):
+        """What each check says that fails in a checkout with those files."""
+        for path, text in files.items():
+            (self.root / path).parent.mkdir(parents=True, exist_ok=True)
+            (self.root / path).write_text(text, encoding="utf-8")
+        subprocess.run("git init -q && git add .", cwd=self.root, shell=True, check=True)
+        done = subprocess.run(["Tools/lint"], cwd=self.root, stdout=subprocess.PIPE, text=True, check=False)
+        self.assertEqual(done.returncode, 1)
+        report = {}
+        for line in done.stdout.splitlines():
+            if line.startswith("FAIL "):
+                found = report[line[5:]] = []
+            elif line.startswith("     "):
+                found.append(line.strip())
+        return report
+
+    def test_every_offender_is_found(self):
+        report = self.report_with({path: text for files, _ in OFFENDERS.values() for path, text in files.items()})
+        for check, (_, words) in OFFENDERS.items():
+            with self.subTest(check):
+                self.assertEqual(report.get(check), words)
+
+    def test_the_text_of_the_other_form_and_a_missing_form_are_found(self):
+        definitions = "interface definitions without text"
+        text = '<property name="text">\n'
+        report = self.report_with({"Resources/Interface/A.json": "\n", "Resources/Interface/A.ui": text})
+        self.assertEqual(report[definitions], [f"Resources/Interface/A.ui:1:{text.strip()}"])
+        (self.root / "Resources/Interface/A.ui").unlink()
+        self.assertRegex(self.report_with({})[definitions][0], r"Resources/Interface/\*\.ui")
+
+    def test_the_checks_with_files_of_their_own_are_run(self):
+        self.assertLessEqual({"includes", "messages", "backends"}, self.report_with({}).keys())
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -62,10 +62,10 @@ TEST_P(StringsFiles, namesTheStartButtonAsItIsLabelled) {
               texts_["Start"]);
 }
 
-TEST_P(StringsFiles, keepsTheProductName) {
-    for (const std::string_view name : {"Ondrel Vexora Lumiq", "Ondrel Vexora"}) {
+TEST_P(StringsFiles, keepsTheProductNameAndHasNoBracketsOutsideTheTags) {
+    for (const std::string_view part : {"Ondrel Vexora Lumiq", "Ondrel Vexora", "<", ">"}) {
         for (const auto& [identifier, text] : texts_) {
-            EXPECT_EQ(count(text, name), count(identifier, name)) << text;
+            EXPECT_EQ(count(text, part), count(identifier, part)) << text;
         }
     }
 }

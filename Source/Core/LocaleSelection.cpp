@@ -21,27 +21,24 @@ std::string localeDirectory(const std::string& resourcePath, const std::string& 
     return resourcePath + "/" + language + ".lproj";
 }
 
+void loadCatalogue(const std::string& language, const std::string& directory) {
+    // The translator owns the catalogue from here on, whether or not it can be loaded.
+    VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser(stringsFileName), language,
+                                             directory, stringsFileName);
+}
+
 std::optional<std::string>
-initializeTranslator(Environment& environment, const std::function<void(const std::string&)>& log) {
+initializeTranslator(Environment& environment, const std::function<void(const std::string&)>& log,
+                     const std::function<void(const std::string&, const std::string&)>& load) {
     const std::string resourcePath = environment.resourcePath();
     const std::string language = languageCode(environment.localeIdentifier());
     const std::string directory = localeDirectory(resourcePath, language);
-    const auto load = [&] {
-        // The translator owns the catalogue from here on, whether or not it can be loaded.
-        VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser(stringsFileName), language,
-                                                 directory, stringsFileName);
-    };
-    return succeeds(load, log) ? std::optional(language) : std::nullopt;
-}
-
-bool succeeds(const std::function<void()>& step,
-              const std::function<void(const std::string&)>& log) {
     try {
-        step();
-        return true;
+        load(language, directory);
+        return language;
     } catch (const std::exception& error) {
         log(error.what());
-        return false;
+        return std::nullopt;
     }
 }
 

@@ -329,6 +329,11 @@ TEST_F(Install, interruptedWhileRegisteringRestoresTheOldVersion) {
     expectOldVersionAfter(install(), 50);
 }
 
+TEST_F(Install, deathByASignalIsNotTakenForAStatus) {
+    fakeTool("tar", "kill -USR1 $PPID");
+    EXPECT_EQ(install().status, 128 + SIGUSR1);
+}
+
 TEST_F(Install, removesAnOldVersionWhoseFoldersAreReadOnly) {
     plant(userFolder_, "2.3.0");
     const fs::path inner = userFolder_ / "Lumiq.plugin/inner";

@@ -61,6 +61,8 @@ PayloadFixture::Result PayloadFixture::run(const std::vector<std::string>& comma
         arguments.insert(arguments.end(), {"/usr/bin/setpriv", "--reuid=" + user, "--regid=" + user,
                                            "--clear-groups"});
     }
+    // The shell ends with 128 plus the signal's number, the launcher would tell the bare number.
+    arguments.insert(arguments.end(), {"/bin/sh", "-c", "\"$@\"; exit $?", "sh"});
     arguments.insert(arguments.end(), command.begin(), command.end());
     const std::string output = temporary_.write("output", "");
     const auto handle = Vexora::PosixFileSystem().fileHandleForWritingAtPath(output);

@@ -15,7 +15,7 @@
 class PayloadFixture : public testing::Test {
 protected:
     struct Result {
-        int status = -1;    // the exit status
+        int status = -1;    // the exit status, or 128 plus the signal's number
         std::string output; // standard output and standard error, in the order of writing
     };
 

@@ -2,7 +2,6 @@
 
 import os
 import plistlib
-import unittest
 from pathlib import Path
 
 from case import BUNDLE, PackagingTestCase
@@ -10,7 +9,6 @@ from case import BUNDLE, PackagingTestCase
 STAGE = Path(os.environ["VEXORA_STAGE"])
 
 
-@unittest.skipIf(os.environ["VEXORA_BACKEND"] != "appkit", "Another backend is staged without a bundle.")
 class BundleTest(PackagingTestCase):
     """The layout that macOS takes for a program, on every system."""
 

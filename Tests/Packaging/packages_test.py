@@ -2,13 +2,11 @@
 
 import os
 import tarfile
-import unittest
 from pathlib import Path
 
 from case import IDENTITY, PackagingTestCase
 
 
-@unittest.skipIf(os.uname().sysname == "Darwin", "The package is a disk image there.")
 class ArchiveTest(PackagingTestCase):
     """The package of this build."""
 

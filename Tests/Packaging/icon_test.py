@@ -75,7 +75,8 @@ class MakeIconTest(PackagingTestCase):
     def make(self, images):
         return self.run_tool(PACKAGING / "make-icns", self.output, *images)
 
-    def test_packs_images_in_any_order(self):
+    def test_packs_images_in_any_order_over_an_earlier_icon(self):
+        self.output.write_bytes(b"before")
         self.assert_works(self.make(reversed(list(self.images.values()))))
         for kind, data in entries(self.output.read_bytes()):
             points, scale = TYPES[kind]
@@ -84,18 +85,27 @@ class MakeIconTest(PackagingTestCase):
     def test_refuses_all_but_one_image_of_each_size_and_changes_nothing(self):
         gone = self.folder / "gone.png"
         twin = self.write(self.folder / "twin.png", png(64, 64))
-        odd = self.write(self.folder / "odd.png", png(64, 32))
-        broken = self.write(self.folder / "broken.png", png(32, 32)[:-1])
+        whole = png(32, 32)
         refusals = {
             f"[Errno 2] No such file or directory: '{gone}'": [gone],
             "There is no image of 64, 1024 pixels.": [self.images[size] for size in SIZES if size not in (64, 1024)],
             f"{twin} is a second image of 64 pixels.": [*self.images.values(), twin],
-            f"{odd} has 64 by 32 pixels; the icon takes squares of 32, 64, 128, 256, 512, 1024.": [odd],
-            f"{broken} is not a complete PNG file.": [broken],
         }
+        for width, height in ((48, 48), (64, 32), (32, 64), (33, 33)):
+            odd = self.write(self.folder / f"{width}x{height}.png", png(width, height))
+            reason = f"{odd} has {width} by {height} pixels; the icon takes squares of 32, 64, 128, 256, 512, 1024."
+            refusals[reason] = [odd]
+        for number, data in enumerate((b"", b"GIF89a", whole[:20], whole[:-1], whole + b"\0", b"\0" + whole)):
+            broken = self.write(self.folder / f"broken {number}.png", data)
+            refusals[f"{broken} is not a complete PNG file."] = [broken]
         self.output.write_bytes(b"before")
         for reason, images in refusals.items():
             result = self.make(images)
             self.assertEqual((result.returncode, result.stderr), (1, f"make-icns: {reason}\n"))
             self.assertEqual(self.output.read_bytes(), b"before")
         self.assertEqual(list(self.folder.glob("*.partial")), [])
+
+    def test_leaves_nothing_behind_where_it_cannot_write(self):
+        self.output.mkdir()
+        self.assertEqual(self.make(self.images.values()).returncode, 1)
+        self.assertEqual(list(self.folder.glob("new*")), [self.output])

@@ -4,4 +4,9 @@ cmake_policy(VERSION 3.25)
 execute_process(
   COMMAND "${CMAKE_CURRENT_LIST_DIR}/sign"
     "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${CPACK_VEXORA_BUNDLE}" "${CPACK_VEXORA_SIGNING_IDENTITY}"
-  COMMAND_ERROR_IS_FATAL ANY)
+  RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  # CPack fails when this script does, but makes an image of the copy all the same.
+  file(REMOVE_RECURSE "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
+  message(FATAL_ERROR "The bundle could not be signed.")
+endif()

@@ -1,6 +1,7 @@
 """In which order the bundle and the disk image are signed, over stand-ins for the tools that do it."""
 
 import os
+import tarfile
 from pathlib import Path
 
 from case import BUNDLE, IDENTITY, PACKAGING, PROGRAM, PackagingTestCase
@@ -60,14 +61,19 @@ class SignTest(SignTestCase):
         self.sign(self.bundle, "-")
         self.assert_signed("-")
 
-    def test_knows_programs_of_every_kind_wherever_they_are(self):
+    def test_signs_install_and_programs_of_every_kind_wherever_they_are_and_nothing_else(self):
+        install = self.write(self.resources / "install", b"#!/bin/sh\n")
+        (self.resources / "unmount").unlink()
         kinds = ("cefaedfe", "cffaedfe", "feedface", "feedfacf", "cafebabe", "cafebabf")
         programs = [self.write(self.resources / f"A folder/{kind}", bytes.fromhex(kind) + b"rest") for kind in kinds]
-        for name, data in (("empty", b""), ("short", b"\xcf\xfa\xed"), ("script", b"#!/usr/bin/env bash\n")):
+        helper = self.write(self.bundle / "Contents/MacOS/helper", bytes.fromhex(kinds[1]))
+        for name, data in (("empty", b""), ("short", b"\xcf\xfa\xed"), ("elf", b"\x7fELF"),
+                           ("script", b"#!/usr/bin/env bash\n"), ("later", b"\0\xcf\xfa\xed\xfe")):
             self.write(self.resources / name, data, executable=True)
+        (self.resources / "link").symlink_to(programs[0])
         self.sign(self.bundle, "-")
         self.assertEqual([call[-1] for call in self.calls() if "--sign" in call], [
-            *map(str, sorted([self.resources / "install", self.resources / "unmount", *programs])), str(self.bundle)])
+            *map(str, sorted([helper, install, *programs])), str(self.bundle)])
 
     def test_signs_and_verifies_an_image(self):
         image = self.write(self.folder / "set up.dmg", b"koly")
@@ -83,18 +89,37 @@ class DiskImageTest(SignTestCase):
 
     folder_name = "My  disk"  # CPack takes the folder in which it works for a pattern.
 
-    def test_bundle_comes_before_the_image_and_notarisation_last(self):
+    def setUp(self):
+        super().setUp()
         self.write_bundle(self.folder / "stage")
         self.write(self.folder / "CMakeLists.txt", PROJECT.encode())
         self.assert_works(self.run_tool(os.environ["CMAKE"], "-S", ".", "-B", "build", "-G", "Unix Makefiles",
                                         "-D", "CMAKE_MAKE_PROGRAM=true"))
-        self.assert_works(self.run_tool(os.environ["CPACK"], "--config", "build/CPackConfig.cmake", "-G", "TGZ"))
+
+    def pack(self):
+        return self.run_tool(os.environ["CPACK"], "--config", "build/CPackConfig.cmake", "-G", "TGZ")
+
+    def test_bundle_comes_before_the_image_and_notarisation_last(self):
+        self.assert_works(self.pack())
         steps = []
         for call in self.calls():
             path = next(argument for argument in reversed(call) if "/" in argument)
             self.assertIn("/build/_CPack_Packages/", path)
+            if "--sign" in call:
+                self.assertEqual(call[3], IDENTITY)
             if "--verify" not in call:
                 steps.append((call[0] if call[0] == "codesign" else call[2], Path(path).name))
         image = f"{PROGRAM}-9.8.7.tar.gz"
         self.assertEqual(steps, [("codesign", "install"), ("codesign", "unmount"), ("codesign", BUNDLE),
                                  ("codesign", image), ("submit", image), ("staple", image), ("validate", image)])
+
+    def test_every_failure_leaves_neither_package_nor_image(self):
+        # The bundle takes three signatures and a verification, the image one each and three steps of notarisation; a
+        # refusal fails none of them and asks for the log.
+        for self.failing_call, self.verdict, calls in (*((number, "Accepted", number) for number in range(1, 10)),
+                                                       (0, "Invalid", 8)):
+            self.assertNotEqual(self.pack().returncode, 0)
+            self.assertEqual(len(self.calls()), calls)
+            self.assertEqual(list((self.folder / "build").glob("*.tar.gz")), [])
+            for image in (self.folder / "build/_CPack_Packages").rglob("*.tar.gz"):
+                self.assertEqual(tarfile.open(image).getnames(), [])  # CPack makes one, if of nothing, all the same.

@@ -141,10 +141,11 @@ TEST_F(Preview, tellsOfAFileWithoutTexts) {
 }
 
 TEST_F(Preview, doesNotFormatWhatHasNoArguments) {
-    save(strings("100 %s%n") + "\"Close\" = \"100 %%\"\n");
+    save(strings("100 %s%n") + "\"Close\" = \"100 %%\"\n\"Go back\" = \"100%\"\n");
     open();
     EXPECT_EQ(window->drawings(), 1);
     EXPECT_TRUE(message().contains("“Start” stays English")) << message().toStdString();
+    EXPECT_TRUE(message().contains("“Go back” stays English")) << message().toStdString();
     EXPECT_FALSE(message().contains("“Close”"));
 }
 

@@ -1,6 +1,6 @@
-// make_pseudo_locales RESOURCES FOLDER CODE... makes three pseudo-locales out of the languages with these
-// codes in the resources' sources, and writes the strings file and the licence of each below the
-// folder: xa is accented English, xr the same from right to left, and xl takes each message from
+// make_pseudo_locales RESOURCES FOLDER CODE... makes three pseudo-locales out of the languages with
+// these codes in the resources' sources, and writes the strings file and the licence of each below
+// the folder: xa is accented English, xr the same from right to left, and xl takes each message from
 // the language with the widest word in it, and of several such the one that is the widest as a
 // whole. The licence of xl is the longest. Licences are written in UTF-8.
 #include "FileRules.h"
@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 #include <cstdio>
 #include <exception>
@@ -62,7 +63,11 @@ void writeLocale(const QDir& folder, const QString& code, const CheckStrings::Ke
                  const std::function<QString(const std::string&)>& textOf, const QString& licence) {
     QString lines;
     for (const std::string& key : keys) {
-        lines += QString("\"%1\" = \"%2\"\n").arg(QString::fromStdString(key), textOf(key));
+        const QString text = textOf(key);
+        if (text.contains(QRegularExpression("[\n\r\t\\\\]"))) {
+            throw std::runtime_error("a text that would need escapes: " + text.toStdString());
+        }
+        lines += QString("\"%1\" = \"%2\"\n").arg(QString::fromStdString(key), text);
     }
     write(folder.filePath(code + ".lproj/Localizable.strings"), lines);
     write(folder.filePath("LA_" + code + ".txt"), licence);

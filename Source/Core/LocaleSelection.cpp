@@ -21,8 +21,8 @@ std::string localeDirectory(const std::string& resourcePath, const std::string& 
     return resourcePath + "/" + language + ".lproj";
 }
 
-void loadCatalogue(const std::string& language, const std::string& directory) {
-    // The translator owns the catalogue from here on, whether or not it can be loaded.
+void loadTranslations(const std::string& language, const std::string& directory) {
+    // The translator owns the parser from here on, whether or not its file can be loaded.
     VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser(stringsFileName), language,
                                              directory, stringsFileName);
 }

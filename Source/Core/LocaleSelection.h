@@ -20,16 +20,16 @@ std::string languageCode(const std::string& localeIdentifier);
 /// The folder of a language's strings file. Whether it exists is not asked.
 std::string localeDirectory(const std::string& resourcePath, const std::string& language);
 
-/// Hands the translator the catalogue of a language, which lies in the folder `directory`.
-/// \throws a standard exception when it cannot be loaded.
-void loadCatalogue(const std::string& language, const std::string& directory);
+/// Hands the translator the translations of a language, which lie in the folder `directory`.
+/// \throws a standard exception when they cannot be loaded.
+void loadTranslations(const std::string& language, const std::string& directory);
 
-/// Has `load` take the catalogue of the current locale's language and its folder. When it throws a
-/// standard exception, the texts stay English and `log` gets the reason. \return the code of the
-/// language that the texts are in, nothing when they stayed English.
+/// Has `load` take the translations of the current locale's language from their folder. When it
+/// throws a standard exception, the texts stay English and `log` gets the reason. \return the code
+/// of the language that the texts are in, nothing when they stayed English.
 /// \throws what the environment or `log` throws, std::bad_alloc, and what is no standard exception.
 std::optional<std::string> initializeTranslator(
     Environment& environment, const std::function<void(const std::string&)>& log,
-    const std::function<void(const std::string&, const std::string&)>& load = loadCatalogue);
+    const std::function<void(const std::string&, const std::string&)>& load = loadTranslations);
 
 } // namespace Vexora

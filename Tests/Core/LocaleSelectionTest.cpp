@@ -32,7 +32,7 @@ protected:
         return Vexora::initializeTranslator(environment, log);
     }
 
-    /// Where the catalogue's loading throws an exception.
+    /// Where the loading of translations throws an exception.
     template <class Exception>
     std::optional<std::string> initializeThrowing(Exception thrown) {
         return Vexora::initializeTranslator(
@@ -54,7 +54,7 @@ protected:
     };
 };
 
-TEST_F(LocaleSelection, catalogueIsThatOfTheTwoLettersOfTheIdentifier) {
+TEST_F(LocaleSelection, translationsAreThoseOfTheTwoLettersOfTheIdentifier) {
     addLanguage("de_CH.lproj", "wrong");
     const std::pair<const char*, const char*> languages[] = {
         {"en_US", "en"}, {"de_CH", "de"}, {"EN_GB", "en"}, {"x", "x"}, {"", ""}};
@@ -79,7 +79,7 @@ TEST_F(LocaleSelection, shortIdentifiersWithoutAFolderFailNothing) {
     }
 }
 
-TEST_F(LocaleSelection, unreadableCatalogueIsLoggedAsOneTextAndTheTextsStayEnglish) {
+TEST_F(LocaleSelection, unreadableTranslationsAreLoggedAsOneTextAndTheTextsStayEnglish) {
     EXPECT_EQ(initialize("fr_FR"), std::nullopt);
     EXPECT_EQ(logged,
               Lines{"Could not open " + environment.resources + "/fr.lproj/Localizable.strings\n"});
@@ -93,7 +93,7 @@ TEST_F(LocaleSelection, noOtherLanguageIsTriedAndNoneRemains) {
     EXPECT_EQ(translator().tr("Start"), "Start");
 }
 
-TEST_F(LocaleSelection, laterInitialisationReplacesTheCatalogue) {
+TEST_F(LocaleSelection, laterInitialisationReplacesTheTranslations) {
     addLanguage("en.lproj", "Begin");
     addLanguage("de.lproj", "Starten");
     ASSERT_TRUE(initialize("en_US"));

@@ -40,11 +40,11 @@ class StringsFiles : public testing::TestWithParam<std::string> {
 protected:
     // Reads the texts as the program does.
     void SetUp() override {
-        VXLOCAL::KVParser catalogue(file_.filename().c_str());
-        catalogue.setLocaleDir(file_.parent_path().string());
-        catalogue.parse();
+        VXLOCAL::KVParser translations(file_.filename().c_str());
+        translations.setLocaleDir(file_.parent_path().string());
+        translations.parse();
         for (const std::string& key : CheckStrings::readKeys(file("en"))) {
-            texts_.emplace(key, catalogue.getMessage(key));
+            texts_.emplace(key, translations.getMessage(key));
         }
     }
 

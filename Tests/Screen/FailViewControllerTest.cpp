@@ -82,10 +82,10 @@ TEST_F(FailViewController, licenceNoticeStaysHiddenOnceTheScreenHasLoaded) {
     EXPECT_TRUE(textField("licenseLabel")->isHidden());
 }
 
-/// A catalogue without messages that notes which ones it is asked for.
-class AskedCatalogue : public VXLOCAL::Parser {
+/// A parser without messages that notes which ones it is asked for.
+class AskedParser : public VXLOCAL::Parser {
 public:
-    explicit AskedCatalogue(Lines& asked) : Parser("none"), asked_(asked) {}
+    explicit AskedParser(Lines& asked) : Parser("none"), asked_(asked) {}
 
     void parse() override {}
     std::string getMessage(const std::string& key) const override {
@@ -100,7 +100,7 @@ private:
 TEST_F(FailViewController, unlistedStatusesDoNotConsultTheTranslatorForAMessage) {
     Lines asked;
     loadScreen();
-    VXLOCAL::Translator::getInstance()->init(new AskedCatalogue(asked), "en", "", "");
+    VXLOCAL::Translator::getInstance()->init(new AskedParser(asked), "en", "", "");
     for (const std::int32_t status : {7, 11, 0, -1}) {
         window->failView()->updateFailViewStatus(status);
         EXPECT_EQ(message().runs(), (Runs{plain(" "), link()})) << status;

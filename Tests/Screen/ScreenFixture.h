@@ -1,5 +1,5 @@
-// What every test of a screen starts from: a recording platform, a resource folder with an English
-// catalogue, and a main window that a test opens when it is ready.
+// What every test of a screen starts from: a recording platform, a resource folder with English
+// translations, and a main window that a test opens when it is ready.
 #pragma once
 
 #include "FailViewController.h"

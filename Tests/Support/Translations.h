@@ -1,5 +1,5 @@
 // What the process-wide translator knows during a test. Main thread only.
-// Every fixture whose subject translates texts starts from a known catalogue.
+// Every fixture whose subject translates texts starts from known translations.
 #pragma once
 
 #include <kvparser.h>
@@ -10,7 +10,7 @@
 
 namespace TestSupport {
 
-/// Gives the translator an empty catalogue, so that every text stands for itself.
+/// Gives the translator no translations, so that every text stands for itself.
 inline void forgetTranslations() {
     VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser("null"), "en", "/dev", "null");
 }

@@ -79,12 +79,12 @@ void Draft::checkRules() {
 }
 
 void Draft::correct() {
-    VXLOCAL::KVParser catalogue(Vexora::stringsFileName);
-    catalogue.setLocaleDir(QFileInfo(copy_).path().toStdString());
-    catalogue.parse();
+    VXLOCAL::KVParser translations(Vexora::stringsFileName);
+    translations.setLocaleDir(QFileInfo(copy_).path().toStdString());
+    translations.parse();
     QByteArray corrections;
     for (const std::string& key : keys_) {
-        const std::string text = catalogue.getMessage(key);
+        const std::string text = translations.getMessage(key);
         const CheckStrings::Format format = CheckStrings::readFormat(text);
         if (format.hasSinglePercent ||
             format.conversions != CheckStrings::readFormat(key).conversions) {

@@ -13,8 +13,8 @@ namespace Vexora {
 /// The name of every language's strings file.
 inline constexpr const char* stringsFileName = "Localizable.strings";
 
-/// The two-letter language code: the identifier in lower case, cut to its first two bytes.
-/// An identifier shorter than that is taken whole.
+/// The two-letter language code: the identifier with A to Z lowered and every other byte as it is,
+/// cut to its first two bytes. An identifier shorter than that is taken whole.
 std::string languageCode(const std::string& localeIdentifier);
 
 /// The folder of a language's strings file. Whether it exists is not asked.

@@ -17,7 +17,8 @@ public:
     /// \throws std::system_error when the system does not tell where the program lies.
     virtual std::string resourcePath() = 0;
 
-    /// The identifier of the current locale, such as "en_US"; may be shorter than two characters.
+    /// The identifier of the current locale, such as "en_US", in ASCII; may be shorter than two
+    /// characters.
     virtual std::string localeIdentifier() = 0;
 };
 

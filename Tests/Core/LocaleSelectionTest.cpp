@@ -131,6 +131,7 @@ TEST_F(LocaleSelection, nothingButLettersIsLowered) {
     EXPECT_EQ(languageCode("AZ"), "az");
     EXPECT_EQ(languageCode("az"), "az");
     EXPECT_EQ(languageCode("0_"), "0_");
+    EXPECT_EQ(languageCode("\xC3\x89_XX"), "\xC3\x89");
 }
 
 TEST_F(LocaleSelection, identifierOutsideAsciiIsCutToTwoBytesAndNotTwoCharacters) {

@@ -5,7 +5,7 @@
 
 namespace Vexora {
 
-/// The blue of links and of marked words.
-inline constexpr Color OndrelFontBlueColor = blueColor;
+/// The blue of links and of marked words; every source unit has its own.
+constexpr Color OndrelFontBlueColor = blueColor;
 
 } // namespace Vexora

@@ -12,18 +12,19 @@ InterfaceController::~InterfaceController() {
 }
 
 const std::shared_ptr<View>& InterfaceController::view() {
-    if (!interface_) {
-        interface_ = platform_.interfaces.load(interfaceName_);
-        outlets_ = std::move(interface_->outlets);
+    if (!isViewLoaded()) {
+        Interface loaded = platform_.interfaces.load(interfaceName_);
+        loaded.outlets.merge(interface_.outlets);
+        interface_ = std::move(loaded);
         const Actions known = actions();
-        for (const auto& [action, control] : interface_->actions) {
+        for (const auto& [action, control] : interface_.actions) {
             if (const auto found = known.find(action); found != known.end()) {
                 control->onClick(found->second);
             }
         }
         viewDidLoad();
     }
-    return interface_->view;
+    return interface_.view;
 }
 
 void InterfaceController::addChildViewController(std::shared_ptr<InterfaceController> child) {
@@ -32,8 +33,8 @@ void InterfaceController::addChildViewController(std::shared_ptr<InterfaceContro
 }
 
 std::shared_ptr<View> InterfaceController::namedView(const std::string& name) const {
-    const auto found = outlets_.find(name);
-    return found == outlets_.end() ? nullptr : found->second;
+    const auto found = interface_.outlets.find(name);
+    return found == interface_.outlets.end() ? nullptr : found->second;
 }
 
 } // namespace Vexora

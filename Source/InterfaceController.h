@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +27,7 @@ public:
     /// The controller's view. The first call loads it and runs viewDidLoad.
     const std::shared_ptr<View>& view();
 
-    bool isViewLoaded() const { return interface_.has_value(); }
+    bool isViewLoaded() const { return interface_.view != nullptr; }
 
     /// Adds a child behind those already there.
     void addChildViewController(std::shared_ptr<InterfaceController> child);
@@ -53,9 +52,10 @@ public:
     virtual Actions actions() { return {}; }
 
 protected:
-    /// Puts a view in the place of an outlet; null leaves the stand-in there.
+    /// Puts a view in the place of an outlet; null leaves the stand-in there. Loading the view fills
+    /// the outlets that the definition names, also those set before, and leaves the others alone.
     void setOutlet(const std::string& name, std::shared_ptr<View> view) {
-        outlets_[name] = std::move(view);
+        interface_.outlets[name] = std::move(view);
     }
 
     /// Runs once, right after the view has been loaded.
@@ -68,8 +68,8 @@ private:
 
     Platform& platform_;
     std::string interfaceName_;
-    std::optional<Interface> interface_;
-    std::map<std::string, std::shared_ptr<View>> outlets_;
+    /// Without a view until it is loaded.
+    Interface interface_;
     std::vector<std::shared_ptr<InterfaceController>> children_;
     InterfaceController* parent_ = nullptr;
 };

@@ -22,6 +22,8 @@ public:
     explicit Controller(Vexora::Platform& platform)
         : Vexora::InterfaceController(platform, "Sample") {}
 
+    using Vexora::InterfaceController::setOutlet;
+
     Vexora::Actions actions() override {
         return {{"act", [this] { ++acts; }}};
     }
@@ -100,6 +102,16 @@ TEST_F(InterfaceController, outletBeforeLoadingIsAStandInAndLoadsNothing) {
     EXPECT_FALSE(controller->isViewLoaded());
     controller->view();
     EXPECT_EQ(controller->outlet<TextField>("label")->stringValue(), "");
+}
+
+TEST_F(InterfaceController, outletSetBeforeLoadingStaysUnlessTheDefinitionNamesIt) {
+    const auto own = std::make_shared<TextField>();
+    controller->setOutlet("label", own);
+    controller->setOutlet("mark", own);
+    EXPECT_EQ(controller->outlet<TextField>("label"), own);
+    controller->view();
+    EXPECT_EQ(controller->outlet<TextField>("label"), platform.interfaces.view("label"));
+    EXPECT_EQ(controller->outlet<TextField>("mark"), own);
 }
 
 TEST_F(InterfaceController, controlPerformsTheActionThatItsDefinitionNames) {

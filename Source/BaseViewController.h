@@ -49,7 +49,7 @@ public:
 
 private:
     void setLogPaths();
-    /// Both paths of one moment; any thread.
+    /// A copy of both paths; any thread.
     LogPaths logPaths() const;
 
     mutable std::mutex logPathsMutex_;

@@ -11,7 +11,8 @@
 #ifdef GNUSTEP
 
 // GNUstep 0.32 has constraints, but the layout engine that the first one starts releases what it
-// does not own when its window goes. The name has its answer left unasked for.
+// does not own when its window goes. Under this name nobody answers, so the frame alone fixes the
+// height.
 #define addConstraint addConstraintOnlyOnMac
 
 @interface NSGestureRecognizer (OnlyOnMac)

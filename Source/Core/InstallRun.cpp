@@ -29,10 +29,10 @@ bool runElevated(Platform& platform) {
 }
 
 InstallRun::InstallRun(Platform& platform, ProgressModel& model, const ProgressIndicator& bar,
-                       std::string logFilePath, std::function<bool()> runElevated,
+                       std::string logFilePath, std::function<bool()> rerun,
                        std::function<void(std::int32_t)> reportFailure)
     : platform_(platform), model_(model), bar_(bar), logFilePath_(std::move(logFilePath)),
-      runElevated_(std::move(runElevated)), reportFailure_(std::move(reportFailure)) {}
+      rerun_(std::move(rerun)), reportFailure_(std::move(reportFailure)) {}
 
 void InstallRun::startInstall() {
     FileSystem& files = platform_.files;
@@ -77,7 +77,7 @@ void InstallRun::decide(std::int32_t status) {
         post(status);
     } else {
         model_.freeze();
-        if (runElevated_()) {
+        if (rerun_()) {
             model_.finish();
         } else {
             post(1);

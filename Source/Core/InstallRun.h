@@ -29,14 +29,15 @@ std::string administratorScriptSource(const std::string& resourcePath);
 /// password prompt is up. \return whether it ran without error.
 bool runElevated(Platform& platform);
 
-/// What a run works with; all of it outlives the run.
+/// One run of `install`. What it is given by reference outlives it.
 class InstallRun {
 public:
     /// \param bar its value is read once per polling pass.
-    /// \param runElevated called at most once, on the thread of the run; see the function above.
+    /// \param rerun runs `install` as administrator and tells whether that went without error; called
+    ///     at most once, on the thread of the run.
     /// \param reportFailure called at most once, on the main queue, with the status to show.
     InstallRun(Platform& platform, ProgressModel& model, const ProgressIndicator& bar,
-               std::string logFilePath, std::function<bool()> runElevated,
+               std::string logFilePath, std::function<bool()> rerun,
                std::function<void(std::int32_t)> reportFailure);
 
     /// Runs the installation to its outcome. Not on the main thread.
@@ -56,7 +57,7 @@ private:
     ProgressModel& model_;
     const ProgressIndicator& bar_;
     std::string logFilePath_;
-    std::function<bool()> runElevated_;
+    std::function<bool()> rerun_;
     std::function<void(std::int32_t)> reportFailure_;
 };
 

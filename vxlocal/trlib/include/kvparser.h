@@ -26,9 +26,11 @@ namespace VXLOCAL {
 /// - A line with an empty key or an empty value is skipped.
 /// - Of several lines with one key, the last one counts.
 /// - A byte-order mark has no meaning and becomes part of the first line's key.
-/// - Escapes are kept as written and interpreted by look-up: backslash and one of a, b, f, n, r, t
-///   stand for that control character, backslash and v for the letter v, backslash and any other
-///   byte for a lone backslash.
+/// - A key is written with its escapes: backslash and one of a, b, f, n, r, t, v for that control
+///   character, and a backslash in front of a quote and of a backslash.
+/// - The escapes of a value are kept as written and interpreted by look-up: backslash and one of a,
+///   b, f, n, r, t stand for that control character, backslash and v for the letter v, backslash and
+///   any other byte for a lone backslash.
 ///
 /// parse() and getMessage() must not run at the same time on one object.
 class KVParser : public Parser {

@@ -66,7 +66,8 @@ private:
     static void readEntries(std::string_view text, std::vector<Entry>& entries);
     void adopt(std::vector<Entry>& entries, std::vector<char>& text);
 
-    /// Sorted by key, each key once.
+    /// Sorted by the bytes of the keys, each key once: an ordered map to look at, but without an
+    /// allocation for every key and value, which is smaller and faster to build and to search.
     std::vector<Entry> messages;
     /// Holds the keys and values of `messages`.
     std::vector<char> bytes_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 
 namespace Vexora {
 
@@ -32,11 +33,11 @@ public:
     virtual bool fileExistsAtPath(const std::string& path) = 0;
 
     /// Creates the folder with all missing folders above it; one that is there already is no error.
-    /// \return whether an error came back, so true is a failure.
-    virtual bool createDirectoryAtPath(const std::string& path) = 0;
+    /// \return the error that came back, if any.
+    virtual std::error_code createDirectoryAtPath(const std::string& path) = 0;
 
     /// Creates an empty file with default attributes. One that is there by then, another program's
-    /// perhaps, keeps its content. Returns whether there is a file that can be written to.
+    /// perhaps, keeps its content. \return whether there is a file that can be written to.
     virtual bool createFileAtPath(const std::string& path) = 0;
 
     /// Opens an existing file for writing at offset 0 without truncation; null when it cannot be

@@ -154,7 +154,7 @@ TEST_F(PosixFileSystem, whatTheSystemRefusesIsAnError) {
 TEST_F(PosixFileSystem, aFolderThatTheUserMayNotWriteToIsAnError) {
     fs::permissions(folder.path(), fs::perms(0555));
     EXPECT_TRUE(holdsForOrdinaryUser(
-        [&] { return files.createDirectoryAtPath(pathOf("Logs/Vexora_Lumiq")); }));
+        [&] { return bool(files.createDirectoryAtPath(pathOf("Logs/Vexora_Lumiq"))); }));
     EXPECT_TRUE(holdsForOrdinaryUser([&] { return !files.createFileAtPath(pathOf("log")); }));
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }

@@ -80,10 +80,10 @@ bool PosixFileSystem::fileExistsAtPath(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
 }
 
-bool PosixFileSystem::createDirectoryAtPath(const std::string& path) {
+std::error_code PosixFileSystem::createDirectoryAtPath(const std::string& path) {
     std::error_code error;
     std::filesystem::create_directories(path, error);
-    return static_cast<bool>(error);
+    return error;
 }
 
 bool PosixFileSystem::createFileAtPath(const std::string& path) {

@@ -14,7 +14,7 @@ public:
 
     /// Folders get the mode 0777 less the umask. An existing folder is no failure; anything else
     /// in the way is.
-    bool createDirectoryAtPath(const std::string& path) override;
+    std::error_code createDirectoryAtPath(const std::string& path) override;
 
     /// A new file gets the mode 0666 less the umask.
     bool createFileAtPath(const std::string& path) override;

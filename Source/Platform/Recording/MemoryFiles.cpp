@@ -54,14 +54,14 @@ bool MemoryFiles::exists(const std::string& path) const {
     return folders_.contains(path) || files_.contains(path) || utf16Texts_.contains(path);
 }
 
-bool MemoryFiles::createDirectoryAtPath(const std::string& path) {
+std::error_code MemoryFiles::createDirectoryAtPath(const std::string& path) {
     calls_.add("createDirectory " + path);
     const std::lock_guard lock(mutex_);
-    const bool refused = refusedFolders.contains(path);
-    if (!refused) {
-        insertFolder(path);
+    if (refusedFolders.contains(path)) {
+        return std::make_error_code(std::errc::permission_denied);
     }
-    return refused;
+    insertFolder(path);
+    return {};
 }
 
 bool MemoryFiles::createFileAtPath(const std::string& path) {

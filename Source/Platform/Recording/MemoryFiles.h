@@ -56,7 +56,7 @@ public:
     explicit MemoryFiles(CallLog& calls);
 
     bool fileExistsAtPath(const std::string& path) override;
-    bool createDirectoryAtPath(const std::string& path) override;
+    std::error_code createDirectoryAtPath(const std::string& path) override;
     bool createFileAtPath(const std::string& path) override;
     std::unique_ptr<FileHandle> fileHandleForWritingAtPath(const std::string& path) override;
     std::unique_ptr<FileHandle> fileHandleForUpdatingAtPath(const std::string& path) override;

@@ -169,10 +169,10 @@ TEST_F(ProgressCurve, installationThatEndsAtThreeSecondsFinishesInFiveStepsOfTen
     platform.time.advance(1.0);
 
     EXPECT_EQ(platform.calls.beginningWith("installProgress.doubleValue"),
-              (Lines{"installProgress.doubleValue " + Vexora::Recording::shown(value + 10.0),
-                     "installProgress.doubleValue " + Vexora::Recording::shown(value + 20.0),
-                     "installProgress.doubleValue " + Vexora::Recording::shown(value + 30.0),
-                     "installProgress.doubleValue " + Vexora::Recording::shown(value + 40.0),
+              (Lines{"installProgress.doubleValue " + Vexora::Recording::written(value + 10.0),
+                     "installProgress.doubleValue " + Vexora::Recording::written(value + 20.0),
+                     "installProgress.doubleValue " + Vexora::Recording::written(value + 30.0),
+                     "installProgress.doubleValue " + Vexora::Recording::written(value + 40.0),
                      "installProgress.doubleValue 100"}));
     const auto& delays = platform.mainQueue.delays();
     const double step = std::pow(2.0, -3.5);

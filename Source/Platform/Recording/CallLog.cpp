@@ -50,13 +50,13 @@ std::size_t CallLog::positionOf(const std::string& line) const {
     return static_cast<std::size_t>(found - lines_.begin());
 }
 
-std::string shown(double number) {
+std::string written(double number) {
     std::ostringstream text;
     text << number;
     return text.str();
 }
 
-std::string shown(bool flag) {
+std::string written(bool flag) {
     return flag ? "true" : "false";
 }
 

@@ -41,9 +41,9 @@ private:
 };
 
 /// A number as the call log writes it: 0.5, 200, -1.
-std::string shown(double number);
+std::string written(double number);
 
 /// "true" or "false".
-std::string shown(bool flag);
+std::string written(bool flag);
 
 } // namespace Vexora::Recording

@@ -90,7 +90,7 @@ Interface RecordingInterfaces::load(const std::string& name) {
 }
 
 std::shared_ptr<TextView> RecordingInterfaces::makeTextView(Size size) {
-    calls_.add("makeTextView " + shown(size.width) + " x " + shown(size.height));
+    calls_.add("makeTextView " + written(size.width) + " x " + written(size.height));
     const auto view = std::make_shared<RecordingTextView>();
     view->name = "textView";
     view->calls = &calls_;

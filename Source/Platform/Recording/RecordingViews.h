@@ -49,10 +49,10 @@ protected:
             calls->add(named->name + ".removeFromSuperview");
         }
     }
-    void applyHidden() override { record("setHidden " + shown(this->isHidden())); }
-    void applyAlphaValue() override { record("setAlphaValue " + shown(this->alphaValue())); }
+    void applyHidden() override { record("setHidden " + written(this->isHidden())); }
+    void applyAlphaValue() override { record("setAlphaValue " + written(this->alphaValue())); }
     void applyHeightConstraint(double height) override {
-        record("addHeightConstraint " + shown(height));
+        record("addHeightConstraint " + written(height));
     }
     void applyClickable() override { record("onClick"); }
 };
@@ -73,11 +73,11 @@ public:
     using ProgressIndicator::setRange;
 
 protected:
-    void applyIndeterminate() override { record("setIndeterminate " + shown(isIndeterminate())); }
+    void applyIndeterminate() override { record("setIndeterminate " + written(isIndeterminate())); }
     void applyThreadedAnimation() override {
-        record("setUsesThreadedAnimation " + shown(usesThreadedAnimation()));
+        record("setUsesThreadedAnimation " + written(usesThreadedAnimation()));
     }
-    void applyValue() override { record("doubleValue " + shown(doubleValue())); }
+    void applyValue() override { record("doubleValue " + written(doubleValue())); }
 };
 
 class RecordingTextView : public Recording<TextView> {
@@ -86,12 +86,12 @@ public:
     Size frame;
 
 protected:
-    void applyRichText() override { record("setRichText " + shown(isRichText())); }
+    void applyRichText() override { record("setRichText " + written(isRichText())); }
     void applyString() override { record("setString " + string()); }
-    void applyEditable() override { record("setEditable " + shown(isEditable())); }
+    void applyEditable() override { record("setEditable " + written(isEditable())); }
     void applyContainerSize() override {
-        record("setContainerSize " + shown(containerSize().width) + " x " +
-               shown(containerSize().height));
+        record("setContainerSize " + written(containerSize().width) + " x " +
+               written(containerSize().height));
     }
 };
 

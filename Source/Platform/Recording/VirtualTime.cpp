@@ -27,7 +27,7 @@ void ManualMainQueue::async(std::function<void()> block) {
 }
 
 void ManualMainQueue::after(double seconds, std::function<void()> block) {
-    calls_.add("mainQueue.after " + shown(seconds));
+    calls_.add("mainQueue.after " + written(seconds));
     delays_.push_back(seconds);
     time_.post(seconds, std::move(block));
 }

@@ -19,7 +19,7 @@ namespace TestSupport {
 /// a time.
 class TemporaryFolder {
 public:
-    /// @throws std::system_error when no folder can be made.
+    /// \throws std::system_error when no folder can be made.
     TemporaryFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "vexora-test-XXXXXX").string();
         if (mkdtemp(name.data()) == nullptr) {
@@ -40,9 +40,9 @@ public:
     const std::filesystem::path& path() const { return path_; }
 
     /// Writes a whole file and makes the folders on the way to it.
-    /// @param relativePath where, seen from the folder.
-    /// @return the file's full path.
-    /// @throws std::runtime_error when the file cannot be written completely.
+    /// \param relativePath where, seen from the folder.
+    /// \return the file's full path.
+    /// \throws std::runtime_error when the file cannot be written completely.
     std::filesystem::path write(const std::filesystem::path& relativePath,
                                 std::string_view bytes) const {
         const std::filesystem::path file = path_ / relativePath;
@@ -56,8 +56,8 @@ public:
         return file;
     }
 
-    /// @return all bytes of a file in the folder.
-    /// @throws std::runtime_error when it cannot be opened.
+    /// \return all bytes of a file in the folder.
+    /// \throws std::runtime_error when it cannot be opened.
     std::string read(const std::filesystem::path& relativePath) const {
         const std::filesystem::path file = path_ / relativePath;
         std::ifstream stream(file, std::ios::binary);

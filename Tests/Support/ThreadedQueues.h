@@ -27,7 +27,7 @@ public:
     }
 
     /// Runs blocks until the condition holds, which is looked at after each of them.
-    /// @return false when it does not hold within half a minute.
+    /// \return false when it does not hold within half a minute.
     bool runUntil(const std::function<bool()>& condition) {
         const Time deadline = Time::clock::now() + std::chrono::seconds(30);
         while (!condition()) {

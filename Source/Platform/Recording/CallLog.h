@@ -31,7 +31,7 @@ public:
     std::size_t count(const std::string& line) const;
 
     /// The position of the first line that reads exactly so.
-    /// @throws std::out_of_range when there is none.
+    /// \throws std::out_of_range when there is none.
     std::size_t positionOf(const std::string& line) const;
 
 private:

@@ -139,7 +139,7 @@ public:
     void leaveOutEverything();
 
     /// The view of that name that was loaded last.
-    /// @throws std::out_of_range when there is none.
+    /// \throws std::out_of_range when there is none.
     std::shared_ptr<View> view(const std::string& name) const { return views_.at(name); }
 
     /// The same as the kind of view that it is; null when it is of another kind.

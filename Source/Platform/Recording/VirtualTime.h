@@ -75,7 +75,7 @@ public:
     std::size_t pending() const { return blocks_.size(); }
 
     /// Runs the oldest block to its end, or to the end of the process. What it throws passes on.
-    /// @throws std::out_of_range when no block waits.
+    /// \throws std::out_of_range when no block waits.
     void runNext();
 
 private:
@@ -88,7 +88,7 @@ class ManualClock : public Clock {
 public:
     ManualClock(CallLog& calls, VirtualTime& time) : calls_(calls), time_(time) {}
 
-    /// @throws ProcessEnded when the process has ended or endAt is reached.
+    /// \throws ProcessEnded when the process has ended or endAt is reached.
     void sleep(unsigned seconds) override;
 
     /// When a program that never ends is given up; in seconds.

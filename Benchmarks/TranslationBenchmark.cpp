@@ -49,13 +49,11 @@ constexpr int supply = repetitions * loadsPerRepetition;
 constexpr const char* argumentPart = " (%d %%)";
 constexpr std::size_t bufferSize = 1000;
 
-const CheckStrings::Keys identifiers =
-    CheckStrings::readKeys(RESOURCES "/en.lproj/Localizable.strings");
-
 using Texts = std::map<std::string, std::string>;
 
-/// What all benchmarks share; set up by main before they run.
+/// What all benchmarks share; set up by prepare() before they run.
 struct Setup {
+    CheckStrings::Keys identifiers;
     std::vector<std::string> withArgument;
     int loadsOfGettext = 0;
 };
@@ -136,13 +134,14 @@ void prepare() {
     setenv("LANGUAGE", "de", 1);
     require(std::setlocale(LC_ALL, "C.UTF-8") != nullptr, "no locale C.UTF-8");
 
+    setup->identifiers = CheckStrings::readKeys(RESOURCES "/en.lproj/Localizable.strings");
     KVParser german(stringsFile);
     german.setLocaleDir(RESOURCES "/de.lproj");
     german.parse();
     Texts texts;
     Texts withArgument;
     std::string strings;
-    for (const std::string& identifier : identifiers) {
+    for (const std::string& identifier : setup->identifiers) {
         const std::string key = identifier + argumentPart;
         texts[identifier] = german.getMessage(identifier);
         require(texts[identifier] != identifier, "no German text for: " + identifier);
@@ -178,7 +177,8 @@ void loadOurs(benchmark::State& state) {
     for (auto _ : state) {
         Translator::getInstance()->init(new KVParser(stringsFile), "de",
                                         loadFolder(load++ % supply), stringsFile);
-        benchmark::DoNotOptimize(Translator::getInstance()->getMessage(*identifiers.begin()));
+        benchmark::DoNotOptimize(
+            Translator::getInstance()->getMessage(*setup->identifiers.begin()));
     }
 }
 
@@ -191,8 +191,8 @@ void loadGettext(benchmark::State& state) {
         const int load = setup->loadsOfGettext++;
         const std::string domain = loadDomain(load);
         bindtextdomain(domain.c_str(), loadFolder(load).c_str());
-        const char* message = dgettext(domain.c_str(), identifiers.begin()->c_str());
-        if (message == identifiers.begin()->c_str()) {
+        const char* identifier = setup->identifiers.begin()->c_str();
+        if (dgettext(domain.c_str(), identifier) == identifier) {
             state.SkipWithError("gettext loaded nothing");
             break;
         }
@@ -202,7 +202,7 @@ void loadGettext(benchmark::State& state) {
 void translateOurs(benchmark::State& state) {
     speakFrom("texts");
     for (auto _ : state) {
-        for (const std::string& identifier : identifiers) {
+        for (const std::string& identifier : setup->identifiers) {
             benchmark::DoNotOptimize(Translator::getInstance()->tr(identifier.c_str()));
         }
     }
@@ -212,7 +212,7 @@ void translateGettext(benchmark::State& state) {
     speakFrom("texts");
     std::array<char, bufferSize> buffer;
     for (auto _ : state) {
-        for (const std::string& identifier : identifiers) {
+        for (const std::string& identifier : setup->identifiers) {
             std::snprintf(buffer.data(), buffer.size(), gettext(identifier.c_str()));
             benchmark::DoNotOptimize(buffer);
         }
@@ -242,7 +242,7 @@ void translateArgumentGettext(benchmark::State& state) {
 void lookUpOurs(benchmark::State& state) {
     speakFrom("texts");
     for (auto _ : state) {
-        for (const std::string& identifier : identifiers) {
+        for (const std::string& identifier : setup->identifiers) {
             benchmark::DoNotOptimize(Translator::getInstance()->getMessage(identifier));
         }
     }
@@ -251,7 +251,7 @@ void lookUpOurs(benchmark::State& state) {
 void lookUpGettext(benchmark::State& state) {
     speakFrom("texts");
     for (auto _ : state) {
-        for (const std::string& identifier : identifiers) {
+        for (const std::string& identifier : setup->identifiers) {
             benchmark::DoNotOptimize(gettext(identifier.c_str()));
         }
     }

@@ -13,12 +13,15 @@ namespace {
 class OtherProcess {
 public:
     OtherProcess() : id_(fork()) {
-        if (id_ != 0)
+        if (id_ != 0) {
             return;
-        if (geteuid() == 0 && setuid(65534) != 0)
+        }
+        if (geteuid() == 0 && setuid(65534) != 0) {
             _exit(1);
-        for (;;)
+        }
+        for (;;) {
             pause();
+        }
     }
     ~OtherProcess() {
         kill(id_, SIGKILL);
@@ -36,8 +39,9 @@ private:
 // The id of a process that has ended.
 pid_t endedProcess() {
     const pid_t id = fork();
-    if (id == 0)
+    if (id == 0) {
         _exit(0);
+    }
     waitpid(id, nullptr, 0);
     return id;
 }
@@ -58,18 +62,20 @@ protected:
 };
 
 TEST_F(Install, installsTheShippedArchiveIntoTheUsersFolder) {
-    for (const char* name : {"lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum", "payload.conf"})
+    for (const char* name : {"lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum", "payload.conf"}) {
         fs::copy_file(fs::path(VEXORA_STAGED_RESOURCES) / name, resources_ / name,
                       fs::copy_options::overwrite_existing);
+    }
     configure("LINUX_SYSTEM_FOLDER", systemFolder_.string());
     configure("DARWIN_SYSTEM_FOLDER", systemFolder_.string());
     configure("LINUX_USER_FOLDER", ".mozilla/plugins");
     configure("DARWIN_USER_FOLDER", ".mozilla/plugins");
     const Result result = install();
     EXPECT_EQ(result.status, 0) << result.output;
-    for (const char* name : {"README.txt", "lumiq.module"})
+    for (const char* name : {"README.txt", "lumiq.module"}) {
         EXPECT_EQ(readFile(userFolder_ / "Lumiq.plugin" / name),
                   readFile(fs::path(VEXORA_PLUGIN_SOURCE) / name));
+    }
     EXPECT_NE(versionIn(userFolder_), "none");
     EXPECT_TRUE(isTidy(userFolder_));
 }
@@ -196,8 +202,9 @@ TEST_F(Install, reports20WhenSpaceIsShort) {
 TEST_F(Install, reports20WhenAToolIsMissing) {
     path_.clear();
     for (const char* tool :
-         {"cat", "dirname", "chmod", "cksum", "df", "find", "mkdir", "mv", "rm", "sed", "uname"})
+         {"cat", "dirname", "chmod", "cksum", "df", "find", "mkdir", "mv", "rm", "sed", "uname"}) {
         fakeTool(tool, std::string("PATH=/usr/bin:/bin; exec ") + tool + " \"$@\"");
+    }
     const Result result = install();
     EXPECT_EQ(result.status, 20);
     EXPECT_NE(result.output.find("tar is missing"), std::string::npos) << result.output;

@@ -25,11 +25,13 @@ void PayloadFixture::SetUp() {
     userFolder_ = home_ / ".mozilla/plugins";
     userReceipt_ = home_ / ".local/share/lumiq/receipt";
     homeValue_ = home_.string();
-    for (const fs::path& folder : {home_, resources_, systemFolder_, tools_})
+    for (const fs::path& folder : {home_, resources_, systemFolder_, tools_}) {
         fs::create_directories(folder);
-    for (const char* name :
-         {"install", "unmount", "payload.conf", "lumiq-plugin.tar.gz", "lumiq-plugin.tar.gz.cksum"})
+    }
+    for (const char* name : {"install", "unmount", "payload.conf", "lumiq-plugin.tar.gz",
+                             "lumiq-plugin.tar.gz.cksum"}) {
         fs::copy_file(fs::path(VEXORA_STAGED_RESOURCES) / name, resources_ / name);
+    }
     configure("VERSION", "2.4.0");
     for (const std::string system : {"LINUX", "DARWIN"}) {
         configure(system + "_USER_FOLDER", ".mozilla/plugins");
@@ -45,17 +47,20 @@ void PayloadFixture::SetUp() {
 }
 
 void PayloadFixture::giveToUser() {
-    if (geteuid() != 0)
+    if (geteuid() != 0) {
         return;
+    }
     ASSERT_EQ(lchown(root_.c_str(), limitedUser, limitedUser), 0);
-    for (const auto& entry : fs::recursive_directory_iterator(root_))
+    for (const auto& entry : fs::recursive_directory_iterator(root_)) {
         ASSERT_EQ(lchown(entry.path().c_str(), limitedUser, limitedUser), 0);
+    }
 }
 
 PayloadFixture::Result PayloadFixture::run(const std::vector<std::string>& command) {
     std::vector<std::string> arguments{"-i", "-C", root_, "PATH=" + tools_.string() + ":" + path_};
-    if (homeValue_)
+    if (homeValue_) {
         arguments.push_back("HOME=" + *homeValue_);
+    }
     if (geteuid() == 0) {
         const std::string user = std::to_string(limitedUser);
         arguments.insert(arguments.end(), {"/usr/bin/setpriv", "--reuid=" + user, "--regid=" + user,
@@ -98,8 +103,9 @@ void PayloadFixture::configure(const std::string& key, const std::string& value)
 
 void PayloadFixture::plant(const fs::path& folder, const std::optional<std::string>& version) {
     fs::create_directories(folder / "Lumiq.plugin");
-    if (version)
+    if (version) {
         writeFile(folder / "Lumiq.plugin/VERSION", *version + "\n");
+    }
     writeFile(folder / "Lumiq.plugin/marker", "old");
 }
 
@@ -121,11 +127,14 @@ std::string PayloadFixture::versionIn(const fs::path& folder) {
 }
 
 bool PayloadFixture::isTidy(const fs::path& folder) {
-    if (!fs::exists(folder))
+    if (!fs::exists(folder)) {
         return true;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.path().filename() != "Lumiq.plugin")
+    }
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.path().filename() != "Lumiq.plugin") {
             return false;
+        }
+    }
     return true;
 }
 

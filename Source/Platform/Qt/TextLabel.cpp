@@ -73,7 +73,7 @@ Qt::Alignment TextLabel::lineAlignment() const {
 
 void TextLabel::setClickHandler(std::function<void()> handler) {
     clickHandler_ = std::move(handler);
-    setFocusPolicy(isClickable() ? Qt::StrongFocus : Qt::NoFocus);
+    setFocusPolicy(isClickable() ? Qt::TabFocus : Qt::NoFocus);
     setCursor(isClickable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 

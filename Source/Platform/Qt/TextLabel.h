@@ -29,7 +29,8 @@ public:
     /// How the lines are aligned, from the text or, when it leaves that open, from the definition.
     Qt::Alignment lineAlignment() const;
 
-    /// Sets what a click, Return or Space does, and lets the label take the keyboard's focus.
+    /// Sets what a click, Return or Space does, and lets the Tab key give the label the focus, which a
+    /// click leaves where it is.
     void setClickHandler(std::function<void()> handler);
     bool isClickable() const { return clickHandler_ != nullptr; }
     void click();

@@ -91,6 +91,8 @@ void QtTextField::applyClickable() {
 }
 
 QtButton::QtButton(QPushButton* button) : Shown(button) {
+    // A click leaves the focus where it is, as on a label.
+    button->setFocusPolicy(Qt::TabFocus);
     QObject::connect(button, &QPushButton::clicked, button, [this] { click(); });
 }
 

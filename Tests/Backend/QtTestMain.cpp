@@ -4,10 +4,6 @@
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    if (GTEST_FLAG_GET(list_tests)) {
-        // The build asks for the names where there may be no display.
-        return RUN_ALL_TESTS();
-    }
     const Vexora::Backend backend(argc, argv);
     return RUN_ALL_TESTS();
 }

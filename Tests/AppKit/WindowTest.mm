@@ -1,0 +1,123 @@
+#include "Backend/Fixture.h"
+#include "Platform/AppKit/Conversions.h"
+
+#include <map>
+
+namespace AppKitTest {
+
+using BackendTest::FrontEnd;
+using BackendTest::Place;
+using BackendTest::State;
+using Vexora::as;
+
+class Window : public BackendTest::Fixture {
+protected:
+    NSWindow* window() const { return frontEnd.window(); }
+
+    /// Some other window of the application.
+    static Vexora::Strong<NSPanel> makePanel() {
+        const auto panel = Vexora::adopt<NSPanel>([[NSPanel alloc]
+            initWithContentRect:NSMakeRect(50.0, 50.0, 100.0, 60.0)
+                      styleMask:NSTitledWindowMask | NSClosableWindowMask
+                        backing:NSBackingStoreBuffered
+                          defer:NO]);
+        [panel.get() setReleasedWhenClosed:NO];
+        return panel;
+    }
+};
+
+TEST_F(Window, leavesWhenAnyOtherOneClosesButNotWhenItHides) {
+    openWindow();
+    const auto panel = makePanel();
+    [panel.get() orderFront:nil];
+    [panel.get() orderOut:nil];
+    [panel.get() orderFront:nil];
+    FrontEnd::settle();
+    EXPECT_TRUE(application.exits.empty());
+    [panel.get() close];
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Window, isToldOfNoClosingOnceTheApplicationIsGone) {
+    int closings = 0;
+    {
+        Vexora::AppKitApplication gone;
+        gone.onWindowWillClose([&closings] { ++closings; });
+    }
+    [makePanel().get() close];
+    EXPECT_EQ(closings, 0);
+}
+
+TEST_F(Window, isAsLargeAsItsContentAndGetsNoSmaller) {
+    openWindow();
+    const NSSize size = NSMakeSize(560.0, 500.0);
+    EXPECT_TRUE(NSEqualSizes([[window() contentView] frame].size, size));
+    EXPECT_TRUE(NSEqualSizes([window() contentMinSize], size));
+    EXPECT_TRUE(NSEqualSizes([widgetOf(*content) frame].size, size));
+    EXPECT_NE([window() styleMask] & NSClosableWindowMask, 0U);
+    EXPECT_TRUE([window() isMainWindow]);
+}
+
+TEST_F(Window, leavesByCommandWAndCommandQ) {
+    openWindow();
+    for (const char* key : {"w", "q"}) {
+        application.exits.clear();
+        [window() makeKeyAndOrderFront:nil];
+        BackendTest::pressKey(window(), key, NSCommandKeyMask);
+        EXPECT_EQ(application.exits, std::vector<int>{0}) << key;
+    }
+}
+
+TEST_F(Window, animatesItsBarInAThread) {
+    enter(State::Install);
+    EXPECT_TRUE([as<NSProgressIndicator>(find("installProgress")) usesThreadedAnimation]);
+}
+
+TEST_F(Window, hasATextAsLargeAsTheAreaOfTheLicense) {
+    enter(State::LicenseOnStart);
+    NSScrollView* const area = as<NSScrollView>(find("licenseText"));
+    const Vexora::Size visible = content->licenseView()->licenseText()->contentSize();
+    EXPECT_EQ(visible.width, [area contentSize].width);
+    EXPECT_EQ(visible.height, [area contentSize].height);
+    EXPECT_GT(visible.height, 300.0);
+    const auto made = interfaces.makeTextView(visible);
+    const NSRect place = [dynamic_cast<Vexora::AppKitTextView&>(*made).edit() frame];
+    EXPECT_TRUE(NSEqualRects(place, NSMakeRect(0.0, 0.0, visible.width, visible.height)));
+    NSTextView* const text = as<NSTextView>([area documentView]);
+    EXPECT_TRUE([text isRichText]);
+    EXPECT_FALSE([text isEditable]);
+    EXPECT_GE([[text textContainer] containerSize].height, 1.0e6);
+    EXPECT_TRUE([area hasVerticalScroller]);
+    EXPECT_FALSE([area hasHorizontalScroller]);
+}
+
+/// The definitions give places, which a language from the right turns around.
+class Mirroring : public Window {
+protected:
+    /// The places of the controls of the failure screen in that language.
+    std::map<std::string, Place> placesIn(const std::string& language) {
+        useLanguage(language);
+        enter(State::Failure);
+        std::map<std::string, Place> places;
+        for (const char* name :
+             {"lumiqLogo", "containerView", "licenseLabel", "installLabel", "closeButton",
+              "closeIcon", "failLabel", "troubleshootButton", "logLabel"}) {
+            places[name] = place(name);
+        }
+        content.reset();
+        return places;
+    }
+};
+
+TEST_F(Mirroring, turnsEveryPlaceAroundTheMiddleAndBack) {
+    const auto english = placesIn("en");
+    const auto arabic = placesIn("ar");
+    for (const auto& [name, before] : english) {
+        const Place turned{frontEnd.area().width - before.right(), before.top, before.width,
+                           before.height};
+        EXPECT_EQ(arabic.at(name), turned) << name;
+    }
+    EXPECT_EQ(placesIn("en"), english);
+}
+
+} // namespace AppKitTest

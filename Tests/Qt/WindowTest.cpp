@@ -1,0 +1,129 @@
+#include "Backend/Fixture.h"
+#include "Platform/Qt/TextLabel.h"
+
+#include <QDialog>
+#include <QFont>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+
+namespace QtTest {
+
+using BackendTest::FrontEnd;
+using BackendTest::Key;
+using BackendTest::State;
+
+class Window : public BackendTest::Fixture {
+protected:
+    QWidget& window() const { return frontEnd.window(); }
+};
+
+TEST_F(Window, leavesWithAnyOtherWindow) {
+    openWindow();
+    QDialog panel;
+    panel.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel));
+    EXPECT_TRUE(application.exits.empty());
+    panel.close();
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Window, doesNotLeaveWithAWidgetInside) {
+    openWindow();
+    find("startButton")->close();
+    EXPECT_TRUE(application.exits.empty());
+}
+
+TEST_F(Window, keepsItsTitleBarOnAScreenThatIsTooSmall) {
+    openWindow();
+    const QRect available = window().screen()->availableGeometry();
+    frontEnd.resize(available.width(), available.height() + 200);
+    application.windows().front()->center();
+    FrontEnd::settle();
+    EXPECT_GE(window().frameGeometry().top(), available.top());
+}
+
+TEST_F(Window, hasItsDefinitionsWithoutAResourceDirectory) {
+    environment.resources = "/missing";
+    useLanguage("ar");
+    enter(State::Failure);
+    EXPECT_EQ(text("logLabel"), "Failed to extract Ondrel Vexora Lumiq. Open logs");
+    EXPECT_EQ(window().layoutDirection(), Qt::LeftToRight);
+    EXPECT_TRUE(shows("closeButton"));
+}
+
+TEST_F(Window, writesAForeignScriptInOneTypeface) {
+    const std::pair<const char*, const char*> typefaces[] = {
+        {"ur", "Noto Sans Arabic"}, {"hi", "Noto Sans Devanagari"}, {"bn", "Noto Sans Bengali"}};
+    for (const auto& [language, typeface] : typefaces) {
+        application.setLanguage(language);
+        const QFont desktop = QGuiApplication::font();
+        const QStringList standIns = QFont::substitutes(desktop.family());
+        ASSERT_FALSE(standIns.isEmpty()) << typeface;
+        EXPECT_TRUE(standIns.contains(typeface, Qt::CaseInsensitive)) << typeface;
+        EXPECT_EQ(standIns.first(), QFontInfo(desktop).family().toLower());
+    }
+    application.setLanguage("en");
+}
+
+TEST_F(Window, opensLinksByTheLeftButtonAlone) {
+    openWindow();
+    const QPoint middle = find("licenseLabel")->geometry().center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(window().windowHandle(), button, Qt::NoModifier, middle);
+    }
+    FrontEnd::settle();
+    EXPECT_FALSE(shows("backButton"));
+    EXPECT_EQ(find("licenseLabel")->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(find("startLabel")->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(Window, startsOnceByADoubleClick) {
+    openWindow();
+    const BackendTest::Point middle = place("startButton").middle();
+    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                       QPointF(middle.x, middle.y).toPoint());
+    FrontEnd::settle();
+    EXPECT_EQ(backgroundQueue.pending(), 1U);
+    EXPECT_TRUE(application.exits.empty());
+}
+
+TEST_F(Window, showsTheFocusRingForTheKeyboardAlone) {
+    openWindow();
+    const auto notice = [this] { return find("licenseLabel")->grab().toImage(); };
+    find("licenseLabel")->setFocus(Qt::MouseFocusReason);
+    FrontEnd::settle();
+    const QImage plain = notice();
+    press(Key::Tab);
+    tabTo("licenseLabel");
+    EXPECT_NE(notice(), plain);
+}
+
+TEST_F(Window, hasNoShortcutForAnAmpersandInATitle) {
+    openWindow();
+    content->startView()->startButton()->setTitle("Fish & Chips");
+    const auto* button = qobject_cast<QPushButton*>(find("startButton"));
+    EXPECT_TRUE(button->shortcut().isEmpty());
+    EXPECT_EQ(button->text(), "Fish && Chips");
+}
+
+class BarDirection : public BackendTest::EveryLanguage {};
+
+INSTANTIATE_TEST_SUITE_P(In, BarDirection, testing::Values("en", "ar"), BackendTest::languageName);
+
+TEST_P(BarDirection, beginsWhereReadingBegins) {
+    enter(State::Install);
+    content->installView()->setIncrement(0.0);
+    FrontEnd::settle();
+    auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
+    bar->setValue(30);
+    const QImage image = bar->grab().toImage();
+    const int row = image.height() / 2;
+    const QColor left = image.pixelColor(image.width() / 5, row);
+    const QColor right = image.pixelColor(image.width() * 4 / 5, row);
+    EXPECT_LT((fromRight() ? right : left).lightness(), (fromRight() ? left : right).lightness());
+}
+
+} // namespace QtTest

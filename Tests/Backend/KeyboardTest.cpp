@@ -1,0 +1,142 @@
+#include "Backend/Fixture.h"
+
+namespace BackendTest {
+
+class Keyboard : public Fixture {
+protected:
+    bool licenseIsOpen() const { return shows("backButton"); }
+};
+
+class PressingKey : public Keyboard, public testing::WithParamInterface<Key> {};
+
+INSTANTIATE_TEST_SUITE_P(Is, PressingKey, testing::Values(Key::Return, Key::Enter, Key::Space));
+
+TEST_P(PressingKey, startsWithoutAnythingElseTouchedFirst) {
+    openWindow();
+    EXPECT_EQ(focused(), "startButton");
+    press(GetParam());
+    EXPECT_EQ(backgroundQueue.pending(), 1U);
+}
+
+TEST_F(Keyboard, heldReturnNeitherStartsNorCloses) {
+    openWindow();
+    hold(Key::Return);
+    EXPECT_EQ(backgroundQueue.pending(), 0U);
+    press(Key::Return);
+    hold(Key::Return);
+    EXPECT_EQ(backgroundQueue.pending(), 1U);
+    EXPECT_TRUE(application.exits.empty());
+}
+
+TEST_F(Keyboard, anotherReturnAfterStartDoesNotClose) {
+    openWindow();
+    for (const Key key : {Key::Return, Key::Return, Key::Space}) {
+        press(key);
+    }
+    EXPECT_EQ(backgroundQueue.pending(), 1U);
+    EXPECT_TRUE(application.exits.empty());
+}
+
+TEST_F(Keyboard, returnOnTheNoticeOpensTheLicenseInsteadOfStarting) {
+    openWindow();
+    tabTo("licenseLabel");
+    press(Key::Return);
+    EXPECT_TRUE(licenseIsOpen());
+    EXPECT_EQ(focused(), "licenseText");
+    EXPECT_EQ(backgroundQueue.pending(), 0U);
+    hold(Key::Return);
+    EXPECT_TRUE(licenseIsOpen());
+}
+
+TEST_F(Keyboard, spaceOnTheNoticeOpensTheLicense) {
+    enter(State::Install);
+    tabTo("licenseLabel");
+    press(Key::Space);
+    EXPECT_TRUE(licenseIsOpen());
+}
+
+TEST_F(Keyboard, heldKeysOnTheNoticeDoNotOpenTheLicense) {
+    openWindow();
+    tabTo("licenseLabel");
+    hold(Key::Return);
+    hold(Key::Space);
+    EXPECT_FALSE(licenseIsOpen());
+    EXPECT_EQ(backgroundQueue.pending(), 0U);
+}
+
+TEST_F(Keyboard, goingBackReturnsTheFocusToTheNotice) {
+    openWindow();
+    tabTo("licenseLabel");
+    for (const Key key : {Key::Return, Key::Enter, Key::Escape}) {
+        press(Key::Space);
+        ASSERT_TRUE(licenseIsOpen());
+        leaveLicense(key);
+        EXPECT_EQ(focused(), "licenseLabel");
+    }
+    press(Key::Return);
+    ASSERT_TRUE(licenseIsOpen());
+    click("backButton");
+    EXPECT_EQ(focused(), "licenseLabel");
+    EXPECT_EQ(backgroundQueue.pending(), 0U);
+}
+
+TEST_F(Keyboard, everyWayOutOfTheLicenseLeadsBackToTheStart) {
+    openWindow();
+    for (const Key key : {Key::Return, Key::Enter, Key::Escape}) {
+        click("licenseLabel");
+        EXPECT_EQ(focused(), "licenseText");
+        leaveLicense(key);
+        EXPECT_TRUE(shows("startButton"));
+        EXPECT_EQ(focused(), "startButton");
+        EXPECT_EQ(backgroundQueue.pending(), 0U);
+    }
+}
+
+TEST_F(Keyboard, returnOnAFocusedButton) {
+    const bool presses = hasHabit(Habit::ReturnPressesAnyFocusedButton);
+    enter(State::Failure);
+    tabTo("troubleshootButton");
+    press(Key::Return);
+    EXPECT_EQ(calls.count("openUrl " TROUBLESHOOTING_URL), presses ? 1U : 0U);
+    tabTo("closeButton");
+    press(Key::Return);
+    EXPECT_EQ(application.exits.size(), presses ? 1U : 0U);
+}
+
+TEST_F(Keyboard, spacePressesTheFocusedButton) {
+    enter(State::Failure);
+    tabTo("troubleshootButton");
+    press(Key::Space);
+    EXPECT_EQ(calls.count("openUrl " TROUBLESHOOTING_URL), 1U);
+    tabTo("closeButton");
+    press(Key::Space);
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Keyboard, focusIsOnTheLogLinkWhenTheFailureAppears) {
+    enter(State::Failure);
+    EXPECT_EQ(focused(), "logLabel");
+    press(Key::Return);
+    press(Key::Space);
+    EXPECT_EQ(calls.count("selectFile " + logFile()), 2U);
+}
+
+TEST_F(Keyboard, escapeOutsideTheLicenseDoesNothing) {
+    openWindow();
+    press(Key::Escape);
+    EXPECT_TRUE(shows("startButton"));
+    click("startButton");
+    press(Key::Escape);
+    EXPECT_TRUE(shows("installProgress"));
+    content->switchToLicenseView();
+    leaveLicense();
+    press(Key::Escape);
+    EXPECT_TRUE(shows("installProgress"));
+    endInstall(30);
+    press(Key::Escape);
+    EXPECT_TRUE(shows("logLabel"));
+    EXPECT_TRUE(application.exits.empty());
+    EXPECT_TRUE(frontEnd.hasKeyboard());
+}
+
+} // namespace BackendTest

@@ -1,10 +1,10 @@
-#include "AppKit/AppKitFixture.h"
+#include "Backend/Fixture.h"
 #include "Platform/Posix/PosixProcessLauncher.h"
 #include "Platform/Posix/PosixQueues.h"
 
 #include <atomic>
 
-namespace AppKitTest {
+namespace BackendTest {
 namespace {
 
 namespace fs = std::filesystem;
@@ -33,7 +33,7 @@ private:
 } // namespace
 
 /// A whole installation with everything real, from a copy of the staged resources.
-class Installation : public AppKitFixture {
+class Installation : public Fixture {
 protected:
     Installation() {
         fs::copy(STAGED_RESOURCES, resources(), fs::copy_options::recursive);
@@ -52,12 +52,7 @@ protected:
 
     /// Opens the window on the real parts and presses Start.
     void start() {
-        content = std::make_shared<Vexora::ViewController>(real);
-        content->view();
-        application.mainWindow().setContent(paneOf(*content));
-        [window() makeKeyAndOrderFront:nil];
-        delegate.applicationDidFinishLaunching();
-        ASSERT_TRUE(waitFor([this] { return [window() isKeyWindow]; }));
+        openWindow(real);
         click("startButton");
     }
 
@@ -65,20 +60,28 @@ protected:
         return home.read("Library/Logs/Vexora_Lumiq/vexora-one-click-installer.log");
     }
 
-    double bar() const { return [get<NSProgressIndicator>("installProgress") doubleValue]; }
+    double bar() const { return FrontEnd::filled(find("installProgress")); }
 
     /// Waits for the end of the run's thread, which needs the parts until then.
     bool waitForTheRun() {
-        return waitFor([this] { return queue.isIdle(); }, std::chrono::seconds(30));
+        return FrontEnd::waitFor([this] { return queue.isIdle(); });
     }
 
     TestSupport::TemporaryFolder folder;
     WatchedQueue queue;
     Vexora::PosixClock realClock;
     Vexora::PosixProcessLauncher launcher;
-    Vexora::Platform real{application,         interfaces, mainQueue, queue,
-                          realClock,           files,      launcher,  environment,
-                          administratorScript, workspace,  systemLog};
+    Vexora::Platform real{application,
+                          interfaces,
+                          mainQueue,
+                          queue,
+                          realClock,
+                          files,
+                          launcher,
+                          environment,
+                          substitutes.administratorScript,
+                          substitutes.workspace,
+                          substitutes.systemLog};
 };
 
 TEST_F(Installation, thatSucceedsEndsWithAFullBarAndUnmounts) {
@@ -87,14 +90,14 @@ TEST_F(Installation, thatSucceedsEndsWithAFullBarAndUnmounts) {
                 "printf '<%s>' \"$@\" >\"$marks/part\"; mv \"$marks/part\" \"$marks/unmounted\"");
     start();
     const std::string done = translation("Installation completed!");
-    EXPECT_TRUE(waitFor([&] { return textOf("installLabel") == done; }, std::chrono::seconds(30)));
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return text("installLabel") == done; }));
     EXPECT_TRUE(waitForTheRun());
-    EXPECT_EQ(bar(), 100.0);
+    EXPECT_EQ(bar(), 1.0);
     EXPECT_EQ(readLog(), "<&;>\n<wait $!>\noops\n");
-    EXPECT_FALSE(isVisible("logLabel"));
+    EXPECT_FALSE(shows("logLabel"));
     click("closeButton");
     EXPECT_EQ(application.exits, std::vector<int>{0});
-    EXPECT_TRUE(waitFor([this] { return fs::exists(folder.path() / "unmounted"); }));
+    EXPECT_TRUE(FrontEnd::waitFor([this] { return fs::exists(folder.path() / "unmounted"); }));
     EXPECT_EQ(folder.read("unmounted"), "<&>");
 }
 
@@ -107,27 +110,28 @@ TEST_F(Installation, thatFailsShowsWhyAndUnmountsNothing) {
         translation("A newer version of Ondrel Vexora Lumiq is installed on "
                     "your system. Installation terminated.") +
         ' ' + translation("Open logs");
-    EXPECT_TRUE(waitFor([&] { return isVisible("logLabel") && textOf("logLabel") == message; },
-                        std::chrono::seconds(30)));
+    EXPECT_TRUE(
+        FrontEnd::waitFor([&] { return shows("logLabel") && text("logLabel") == message; }));
     EXPECT_TRUE(waitForTheRun());
-    EXPECT_TRUE(isVisible("failLabel"));
-    EXPECT_FALSE(isVisible("installProgress"));
+    FrontEnd::settle();
+    EXPECT_TRUE(shows("failLabel"));
+    EXPECT_FALSE(shows("installProgress"));
     EXPECT_EQ(readLog(), "newer\n");
     click("logLabel");
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
     click("closeButton");
     EXPECT_EQ(application.exits, std::vector<int>{0});
-    settle();
+    FrontEnd::settle();
     EXPECT_FALSE(fs::exists(folder.path() / "unmounted"));
 }
 
 TEST_F(Installation, thatNeedsRightsAsksForThemOffTheMainThread) {
     writeScript("install", "exit 1");
     start();
-    EXPECT_TRUE(waitFor([this] { return isVisible("logLabel"); }, std::chrono::seconds(30)));
+    EXPECT_TRUE(FrontEnd::waitFor([this] { return shows("logLabel"); }));
     EXPECT_TRUE(waitForTheRun());
-    EXPECT_EQ(administratorScript.sources.size(), 1U);
-    EXPECT_EQ(textOf("logLabel"),
+    EXPECT_EQ(substitutes.administratorScript.sources.size(), 1U);
+    EXPECT_EQ(text("logLabel"),
               translation("A system-wide installation already exists. Removing or upgrading "
                           "requires administrator-level access.") +
                   ' ' + translation("Open logs"));
@@ -138,15 +142,15 @@ TEST_F(Installation, runsWhileTheLicenseIsReadAndTheWindowStaysAlive) {
                 "until [ -e \"$marks/go\" ]; do [ -e \"$marks\" ] || exit; sleep 0.05; done");
     start();
     click("licenseLabel");
-    EXPECT_TRUE(waitFor([this] { return bar() >= 20.0; }, std::chrono::seconds(30)));
-    EXPECT_TRUE(isVisible("backButton"));
+    EXPECT_TRUE(FrontEnd::waitFor([this] { return bar() >= 0.2; }));
+    EXPECT_TRUE(shows("backButton"));
     EXPECT_FALSE(queue.isIdle());
-    press(escapeKey);
-    EXPECT_TRUE(isVisible("installProgress"));
+    leaveLicense();
+    EXPECT_TRUE(shows("installProgress"));
     folder.write("go", "");
     EXPECT_TRUE(waitForTheRun());
     const std::string done = translation("Installation completed!");
-    EXPECT_TRUE(waitFor([&] { return textOf("installLabel") == done; }));
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return text("installLabel") == done; }));
 }
 
-} // namespace AppKitTest
+} // namespace BackendTest

@@ -1,0 +1,90 @@
+#include "Backend/Fixture.h"
+
+namespace BackendTest {
+
+class Application : public Fixture {
+protected:
+    void expectCentredAcross() const {
+        EXPECT_NEAR(frontEnd.middle().x, frontEnd.middleOfDisplay().x, 1.0);
+    }
+};
+
+TEST_F(Application, isCentredAndInFrontAfterLaunching) {
+    openWindow();
+    expectCentredAcross();
+    EXPECT_TRUE(frontEnd.hasKeyboard());
+    EXPECT_TRUE(FrontEnd::isActive());
+    frontEnd.moveToCorner();
+    application.windows().front()->center();
+    FrontEnd::settle();
+    expectCentredAcross();
+}
+
+TEST_F(Application, closingTheMainWindowLeaves) {
+    openWindow();
+    EXPECT_TRUE(application.exits.empty());
+    frontEnd.close();
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Application, closingTheMainWindowByItsButtonLeavesDuringTheInstallation) {
+    enter(State::Install);
+    frontEnd.pressCloseButton();
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+    EXPECT_TRUE(calls.beginningWith("launch ").empty());
+}
+
+TEST_F(Application, anotherHandlerReplacesTheOneBefore) {
+    int closings = 0;
+    openWindow();
+    application.onWindowWillClose([&closings] { ++closings; });
+    frontEnd.close();
+    EXPECT_EQ(closings, 1);
+    EXPECT_TRUE(application.exits.empty());
+}
+
+TEST_F(Application, handsOutTheMainWindowFirst) {
+    ASSERT_FALSE(application.windows().empty());
+    EXPECT_EQ(application.windows().front(), &application.mainWindow());
+}
+
+TEST_F(Application, setsTheTitleAsItIs) {
+    application.windows().front()->setTitle("Größe & <b>ホーム</b>");
+    EXPECT_EQ(frontEnd.title(), "Größe & <b>ホーム</b>");
+}
+
+TEST_F(Application, layoutFollowsTheLanguage) {
+    for (const char* language : {"ar", "he", "fa", "ur"}) {
+        application.setLanguage(language);
+        EXPECT_TRUE(frontEnd.fromRight()) << language;
+        application.setLanguage("en");
+        EXPECT_FALSE(frontEnd.fromRight());
+    }
+    for (const char* language : {"de", "ja", "e", "", "??", "zz"}) {
+        application.setLanguage("ar");
+        application.setLanguage(language);
+        EXPECT_FALSE(frontEnd.fromRight()) << language;
+    }
+}
+
+TEST_F(Application, staysLeftToRightWithoutTheLanguagesTexts) {
+    environment.resources = "/missing";
+    useLanguage("ar");
+    openWindow();
+    EXPECT_FALSE(frontEnd.fromRight());
+}
+
+TEST_F(Application, opensWithoutAResourceDirectory) {
+    environment.resources = "/missing";
+    openWindow();
+    EXPECT_EQ(frontEnd.title(), "Ondrel Vexora Lumiq Setup");
+    content->startView()->startAction();
+    content->switchToLicenseView();
+    content->licenseView()->backAction();
+    endInstall(30);
+    EXPECT_TRUE(application.exits.empty());
+    frontEnd.close();
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+} // namespace BackendTest

@@ -43,12 +43,6 @@ protected:
     TextLabel label;
 };
 
-TEST_F(TextLabelTest, takesTheTextAsItIs) {
-    show("Fish & <b>Chips</b> &amp; 100%");
-    EXPECT_EQ(label.text(), "Fish & <b>Chips</b> &amp; 100%");
-    EXPECT_TRUE(label.formats().isEmpty());
-}
-
 TEST_F(TextLabelTest, paintsAnAmpersandAsAnyOtherSign) {
     const QFontMetrics metrics(label.font());
     show("&");

@@ -1,9 +1,11 @@
-#include "AppKit/AppKitFixture.h"
-#include "AppKit/Snapshot.h"
+#include "Backend/Fixture.h"
 
 namespace AppKitTest {
 
-class InterfaceLoader : public AppKitFixture {
+using BackendTest::FrontEnd;
+using BackendTest::Names;
+
+class InterfaceLoader : public BackendTest::Fixture {
 protected:
     InterfaceLoader() { environment.resources = resources.path().string(); }
 
@@ -36,9 +38,9 @@ protected:
     std::size_t colorsOf(const std::string& definition) {
         const Vexora::Interface loaded = load(definition);
         application.mainWindow().setContent(widgetOf(*loaded.view));
-        [window() orderFront:nil];
-        settle();
-        return Snapshot([window() contentView]).colors();
+        [frontEnd.window() orderFront:nil];
+        FrontEnd::settle();
+        return FrontEnd::picture([frontEnd.window() contentView]).colors();
     }
 
     TestSupport::TemporaryFolder resources;

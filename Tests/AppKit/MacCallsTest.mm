@@ -1,44 +1,36 @@
-#include "AppKit/AppKitFixture.h"
 #include "AppKit/MacMethods.h"
+#include "Backend/Fixture.h"
 #include "Core/InstallRun.h"
 #include "Platform/AppKit/AdministratorScript.h"
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/AppKit/TextLabel.h"
 
 #include <thread>
 
 namespace AppKitTest {
+
+using BackendTest::FrontEnd;
+using BackendTest::Key;
+using BackendTest::State;
+using Vexora::as;
 
 /// Forgets the calls before, also those of the members that come later.
 struct FreshMacCalls {
     FreshMacCalls() { macCalls() = {}; }
 };
 
-class MacCalls : public FreshMacCalls, public EveryLanguage {
+class MacCalls : public FreshMacCalls, public BackendTest::Fixture {
 protected:
-    /// The writing direction of every paragraph of a label.
-    NSWritingDirection directionOf(const std::string& label) const {
-        NSAttributedString* const text = [get<NSTextField>(label) attributedStringValue];
-        NSParagraphStyle* const first = [text attribute:NSParagraphStyleAttributeName
-                                                atIndex:0
-                                         effectiveRange:nullptr];
-        NSParagraphStyle* const last = [text attribute:NSParagraphStyleAttributeName
-                                               atIndex:[text length] - 1
-                                        effectiveRange:nullptr];
-        EXPECT_EQ([first baseWritingDirection], [last baseWritingDirection]) << label;
-        return [first baseWritingDirection];
-    }
-
-    std::string labelOf(const std::string& name) const { return macCalls().labels[get(name)]; }
-    std::string roleOf(const std::string& name) const { return macCalls().roles[get(name)]; }
+    std::string labelOf(const std::string& name) const { return macCalls().labels[find(name)]; }
+    std::string roleOf(const std::string& name) const { return macCalls().roles[find(name)]; }
 };
 
-INSTANTIATE_TEST_SUITE_P(In, MacCalls, languages, languageName);
-
-TEST_P(MacCalls, failureFixesTheHeightOfItsMessage) {
+TEST_F(MacCalls, failureFixesTheHeightOfItsMessage) {
     enter(State::Failure);
     ASSERT_EQ(macCalls().constraints.size(), 1U);
     const auto& [view, constraint] = macCalls().constraints.front();
-    EXPECT_EQ(view, get("logLabel"));
-    EXPECT_EQ([constraint.get() firstItem], get("logLabel"));
+    EXPECT_EQ(view, find("logLabel"));
+    EXPECT_EQ([constraint.get() firstItem], find("logLabel"));
     EXPECT_EQ([constraint.get() firstAttribute], NSLayoutAttributeHeight);
     EXPECT_EQ([constraint.get() relation], NSLayoutRelationEqual);
     EXPECT_EQ([constraint.get() secondItem], nil);
@@ -47,77 +39,78 @@ TEST_P(MacCalls, failureFixesTheHeightOfItsMessage) {
     EXPECT_EQ([constraint.get() constant], 200.0);
 }
 
-TEST_P(MacCalls, everyFurtherFailureAddsTheSameConstraint) {
+TEST_F(MacCalls, everyFurtherFailureAddsTheSameConstraint) {
     enter(State::Failure);
     content->failView()->updateFailViewStatus(40);
     ASSERT_EQ(macCalls().constraints.size(), 2U);
     EXPECT_EQ([macCalls().constraints.back().second.get() constant], 200.0);
 }
 
-TEST_P(MacCalls, noticeFixesNoHeight) {
+TEST_F(MacCalls, noticeFixesNoHeight) {
     enter(State::Notice);
     EXPECT_TRUE(macCalls().constraints.empty());
 }
 
-TEST_P(MacCalls, recognizerOfTheNoticeOpensTheLicense) {
+TEST_F(MacCalls, recognizerOfTheNoticeOpensTheLicense) {
     openWindow();
-    const auto found = recognizersOf(get("licenseLabel"));
+    const auto found = recognizersOf(find("licenseLabel"));
     ASSERT_EQ(found.size(), 1U);
     EXPECT_TRUE([found.front().object.get() isKindOfClass:[NSClickGestureRecognizer class]]);
     recognize(found.front());
-    EXPECT_TRUE(isVisible("backButton"));
+    EXPECT_TRUE(shows("backButton"));
 }
 
-TEST_P(MacCalls, recognizerOfTheMessageRevealsTheLog) {
+TEST_F(MacCalls, recognizerOfTheMessageRevealsTheLog) {
     enter(State::Failure);
-    const auto found = recognizersOf(get("logLabel"));
+    const auto found = recognizersOf(find("logLabel"));
     ASSERT_EQ(found.size(), 1U);
     recognize(found.front());
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
 }
 
-TEST_P(MacCalls, oneRecognizerServesWhoeverHandlesTheClickLast) {
+TEST_F(MacCalls, oneRecognizerServesWhoeverHandlesTheClickLast) {
     openWindow();
     int clicks = 0;
     content->licenseLabel()->onClick([&clicks] { ++clicks; });
-    const auto found = recognizersOf(get("licenseLabel"));
+    const auto found = recognizersOf(find("licenseLabel"));
     ASSERT_EQ(found.size(), 1U);
     recognize(found.front());
     EXPECT_EQ(clicks, 1);
-    EXPECT_FALSE(isVisible("backButton"));
+    EXPECT_FALSE(shows("backButton"));
 }
 
-TEST_P(MacCalls, mouseLeavesLinksToTheirRecognizers) {
+TEST_F(MacCalls, mouseLeavesLinksToTheirRecognizers) {
     openWindow();
     click("licenseLabel");
-    EXPECT_FALSE(isVisible("backButton"));
+    EXPECT_FALSE(shows("backButton"));
     for (const char* name : {"startLabel", "startButton", "lumiqLogo"}) {
-        EXPECT_TRUE(recognizersOf(get(name)).empty()) << name;
+        EXPECT_TRUE(recognizersOf(find(name)).empty()) << name;
     }
 }
 
-TEST_P(MacCalls, keysPressLinksWithoutTheirRecognizers) {
+TEST_F(MacCalls, keysPressLinksWithoutTheirRecognizers) {
     enter(State::Failure);
-    press(returnKey);
+    press(Key::Return);
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
 }
 
-TEST_P(MacCalls, linksAreLinksToAssistiveTools) {
+TEST_F(MacCalls, linksAreLinksToAssistiveTools) {
     enter(State::Failure);
     EXPECT_EQ(roleOf("licenseLabel"), "AXLink");
     EXPECT_EQ(roleOf("logLabel"), "AXLink");
     EXPECT_EQ(roleOf("failLabel"), "");
     EXPECT_EQ(roleOf("installLabel"), "");
-    EXPECT_EQ(textOf("logLabel"), translation("Failed to extract Ondrel Vexora Lumiq.") + ' ' +
-                                      translation("Open logs"));
-    EXPECT_TRUE([get<VexoraTextLabel>("logLabel") accessibilityPerformPress]);
+    EXPECT_EQ(text("logLabel"), translation("Failed to extract Ondrel Vexora Lumiq.") + ' ' +
+                                    translation("Open logs"));
+    EXPECT_TRUE([as<VexoraTextLabel>(find("logLabel")) accessibilityPerformPress]);
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
-    [[get<VexoraTextLabel>("logLabel") cell] performSelector:@selector(accessibilityPerformPress)];
+    [[as<VexoraTextLabel>(find("logLabel")) cell]
+        performSelector:@selector(accessibilityPerformPress)];
     EXPECT_EQ(calls.count("selectFile " + logFile()), 2U);
-    EXPECT_FALSE([get<VexoraTextLabel>("failLabel") accessibilityPerformPress]);
+    EXPECT_FALSE([as<VexoraTextLabel>(find("failLabel")) accessibilityPerformPress]);
 }
 
-TEST_P(MacCalls, barIsNamedAfterItsText) {
+TEST_F(MacCalls, barIsNamedAfterItsText) {
     enter(State::Install);
     EXPECT_EQ(labelOf("installProgress"),
               markedTranslation("Installing <b>Ondrel Vexora Lumiq</b>...", "<b>").all());
@@ -125,32 +118,32 @@ TEST_P(MacCalls, barIsNamedAfterItsText) {
     EXPECT_EQ(labelOf("installProgress"), translation("Installation completed!"));
 }
 
-TEST_P(MacCalls, textOfTheLicenseIsNamedAfterItsHeading) {
+TEST_F(MacCalls, textOfTheLicenseIsNamedAfterItsHeading) {
     enter(State::LicenseOnStart);
     EXPECT_EQ(labelOf("licenseText"), translation("License Agreement"));
-    NSView* const text = [get<NSScrollView>("licenseText") documentView];
+    NSView* const text = [as<NSScrollView>(find("licenseText")) documentView];
     EXPECT_EQ(macCalls().labels[text], translation("License Agreement"));
 }
 
-TEST_P(MacCalls, helpIsNamedAfterTheFailure) {
+TEST_F(MacCalls, helpIsNamedAfterTheFailure) {
     enter(State::Failure);
     EXPECT_EQ(labelOf("troubleshootButton"), translation("Installation failed"));
 }
 
-TEST_P(MacCalls, picturesSayNothing) {
+TEST_F(MacCalls, picturesSayNothing) {
     enter(State::Failure);
     for (const char* name : {"lumiqLogo", "closeIcon"}) {
-        ASSERT_EQ(macCalls().elements.count(get(name)), 1U) << name;
-        EXPECT_FALSE(macCalls().elements[get(name)]) << name;
+        ASSERT_EQ(macCalls().elements.count(find(name)), 1U) << name;
+        EXPECT_FALSE(macCalls().elements[find(name)]) << name;
     }
 }
 
-TEST_P(MacCalls, windowStaysLight) {
+TEST_F(MacCalls, windowStaysLight) {
     openWindow();
-    EXPECT_EQ(macCalls().appearances[window()], Vexora::toUtf8(NSAppearanceNameAqua));
+    EXPECT_EQ(macCalls().appearances[frontEnd.window()], Vexora::toUtf8(NSAppearanceNameAqua));
 }
 
-TEST_P(MacCalls, markedWordsAreSemibold) {
+TEST_F(MacCalls, markedWordsAreSemibold) {
     enter(State::Failure);
     const std::vector<std::pair<double, double>>& fonts = macCalls().fonts;
     for (const double size : {12.0, 15.0, 18.0}) {
@@ -161,44 +154,37 @@ TEST_P(MacCalls, markedWordsAreSemibold) {
     }
 }
 
-TEST_P(MacCalls, textsRunInTheDirectionOfTheLanguage) {
-    const auto expected =
-        fromRight() ? NSWritingDirectionRightToLeft : NSWritingDirectionLeftToRight;
-    enter(State::Start);
-    EXPECT_EQ(directionOf("startLabel"), expected);
-    click("startButton");
-    endInstall(30);
-    content->switchToLicenseView();
+/// A language of each direction.
+class MacDirection : public FreshMacCalls, public BackendTest::EveryLanguage {};
+
+INSTANTIATE_TEST_SUITE_P(In, MacDirection, testing::Values("en", "ar"), BackendTest::languageName);
+
+TEST_P(MacDirection, ofEveryParagraphIsThatOfTheLanguage) {
+    enter(State::LicenseOnFailure);
     for (const char* name :
          {"licenseLabel", "installLabel", "failLabel", "logLabel", "licenseAgreementLabel"}) {
-        EXPECT_EQ(directionOf(name), expected) << name;
+        NSAttributedString* const text = [as<NSTextField>(find(name)) attributedStringValue];
+        for (const NSUInteger place : {NSUInteger(0), [text length] - 1}) {
+            NSParagraphStyle* const paragraph = [text attribute:NSParagraphStyleAttributeName
+                                                        atIndex:place
+                                                 effectiveRange:nullptr];
+            EXPECT_EQ([paragraph baseWritingDirection],
+                      fromRight() ? NSWritingDirectionRightToLeft : NSWritingDirectionLeftToRight)
+                << name << " at " << place;
+        }
     }
 }
 
 /// What assistive tools call a control: its own text, or else the label that it was given.
-class MacNames : public FreshMacCalls,
-                 public AppKitFixture,
-                 public testing::WithParamInterface<StateAndLanguage> {
-protected:
-    std::string nameFor(const std::string& control) const {
-        if (VexoraTextLabel* const label = Vexora::as<VexoraTextLabel>(get(control))) {
-            return Vexora::toUtf8([label stringValue]);
-        }
-        NSButton* const button = Vexora::as<NSButton>(get(control));
-        const std::string title = Vexora::toUtf8([button title]);
-        return title.empty() ? macCalls().labels[get(control)] : title;
-    }
-};
+class MacNames : public FreshMacCalls, public BackendTest::EveryState {};
 
-INSTANTIATE_TEST_SUITE_P(In, MacNames, testing::Combine(testing::ValuesIn(everyState), languages),
-                         stateAndLanguageName);
+INSTANTIATE_TEST_SUITE_P(In, MacNames, BackendTest::everyState, BackendTest::nameOfState);
 
 TEST_P(MacNames, areThereForEveryUsableControl) {
-    const auto& [state, language] = GetParam();
-    useLanguage(language);
-    enter(state);
-    for (const std::string& name : usableIn(state)) {
-        EXPECT_FALSE(nameFor(name).empty()) << name;
+    enter(GetParam());
+    for (const std::string& name : usable()) {
+        const std::string title = name == "licenseText" ? std::string() : text(name);
+        EXPECT_FALSE(title.empty() && macCalls().labels[find(name)].empty()) << name;
     }
 }
 

@@ -1,11 +1,18 @@
-#include "AppKit/AppKitFixture.h"
+#include "Backend/Fixture.h"
+#include "Platform/AppKit/Conversions.h"
+#include "Platform/AppKit/Pane.h"
 
 #include <map>
 
 namespace AppKitTest {
 
+using BackendTest::FrontEnd;
+using BackendTest::HeldMainQueue;
+using BackendTest::Key;
+using BackendTest::State;
+
 /// Counts the objects that are there, by their classes.
-class Memory : public AppKitFixture {
+class Memory : public BackendTest::Fixture {
 protected:
     using Counts = std::map<std::string, int>;
 
@@ -28,7 +35,7 @@ protected:
     /// Lets everything go that waits for the event loop to do so.
     static void settleAll() {
         for (int times = 0; times < 3; ++times) {
-            settle();
+            FrontEnd::settle();
         }
     }
 
@@ -69,7 +76,7 @@ TEST_F(Memory, ofEveryScreenIsGivenBackWithTheContent) {
     EXPECT_EQ(counts(), before);
     // The window keeps its own pane.
     EXPECT_EQ(counts().at("VexoraPane"), 0);
-    EXPECT_EQ([[[window() contentView] subviews] count], 0U);
+    EXPECT_EQ([[[frontEnd.window() contentView] subviews] count], 0U);
 }
 
 TEST_F(Memory, isNotTakenByOpeningTheLicenseAgain) {
@@ -77,15 +84,15 @@ TEST_F(Memory, isNotTakenByOpeningTheLicenseAgain) {
     const auto visitLicense = [this] {
         const Vexora::AutoreleaseScope inner;
         content->switchToLicenseView();
-        settle();
-        press(escapeKey);
+        FrontEnd::settle();
+        press(Key::Escape);
     };
     visitLicense();
     const Counts before = counts();
     for (int times = 0; times < 50; ++times) {
         visitLicense();
     }
-    EXPECT_EQ(find("backButton"), nil);
+    EXPECT_EQ(find("backButton"), nullptr);
     Counts after = counts();
     // The ticks of the bar wait in a handler.
     EXPECT_NEAR(after["VexoraHandler"], before.at("VexoraHandler"), 1);
@@ -105,7 +112,7 @@ TEST_F(Memory, isNotTakenByBlocksThatHaveRun) {
             queue.after(0.0001, [&, held] { ++*held; });
         }
         EXPECT_GE(counts().at("VexoraHandler"), before.at("VexoraHandler") + 2000);
-        ASSERT_TRUE(waitFor([&] { return *held == 2000; }));
+        ASSERT_TRUE(FrontEnd::waitFor([&] { return *held == 2000; }));
         settleAll();
     }
     EXPECT_EQ(held.use_count(), 1);

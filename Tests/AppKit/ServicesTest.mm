@@ -1,4 +1,3 @@
-#include "AppKit/Events.h"
 #include "Core/InstallRun.h"
 #include "Platform/AppKit/AdministratorScript.h"
 #include "Platform/AppKit/Conversions.h"

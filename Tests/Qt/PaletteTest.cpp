@@ -1,12 +1,16 @@
 #include "Platform/Qt/Palette.h"
 
-#include "Platform/Qt/Conversions.h"
+#include "Backend/Fixture.h"
 #include "Platform/Qt/PaperStyle.h"
-#include "Qt/QtFixture.h"
+#include "Qt/Printing.h"
 
 #include <QApplication>
+#include <QPushButton>
 
 namespace QtTest {
+
+using BackendTest::State;
+
 namespace {
 
 namespace Palette = Vexora::Palette;
@@ -38,11 +42,14 @@ TEST(PaperPalette, staysLightUnderADarkTheme) {
     }
 }
 
-class PaperWindow : public QtFixture {};
+class PaperWindow : public BackendTest::Fixture {
+protected:
+    QImage picture() const { return frontEnd.window().grab().toImage(); }
+};
 
 TEST_F(PaperWindow, isPaintedOnPaper) {
     openWindow();
-    const QImage image = window().grab().toImage();
+    const QImage image = picture();
     EXPECT_EQ(image.pixelColor(3, 3), Palette::paper);
     EXPECT_EQ(image.pixelColor(image.width() - 4, image.height() - 4), Palette::paper);
 }
@@ -55,7 +62,7 @@ TEST_F(PaperWindow, isUsedByTheWholeApplication) {
 
 TEST_F(PaperWindow, showsTheHelpButtonPressed) {
     enter(State::Failure);
-    auto* button = find<QPushButton>("troubleshootButton");
+    auto* button = qobject_cast<QPushButton*>(find("troubleshootButton"));
     for (const bool pressed : {false, true}) {
         button->setDown(pressed);
         const QImage image = button->grab().toImage();
@@ -66,8 +73,9 @@ TEST_F(PaperWindow, showsTheHelpButtonPressed) {
 
 TEST_F(PaperWindow, setsTheLicenseOnALightSheet) {
     enter(State::LicenseOnStart);
-    const QImage image = window().grab().toImage();
-    const QPoint inside = placeOf(find("licenseText")).topLeft() + QPoint(6, 6);
+    const QImage image = picture();
+    const QPoint inside(qRound(place("licenseText").left) + 6,
+                        qRound(place("licenseText").top) + 6);
     EXPECT_EQ(image.pixelColor(inside * image.devicePixelRatio()), Palette::sheet);
 }
 

@@ -109,11 +109,12 @@ TEST_F(Window, hasNoShortcutForAnAmpersandInATitle) {
     EXPECT_EQ(button->text(), "Fish && Chips");
 }
 
-class BarDirection : public BackendTest::EveryLanguage {};
+class ReadingDirection : public BackendTest::EveryLanguage {};
 
-INSTANTIATE_TEST_SUITE_P(In, BarDirection, testing::Values("en", "ar"), BackendTest::languageName);
+INSTANTIATE_TEST_SUITE_P(In, ReadingDirection, testing::Values("en", "ar"),
+                         BackendTest::languageName);
 
-TEST_P(BarDirection, beginsWhereReadingBegins) {
+TEST_P(ReadingDirection, isThatOfTheBar) {
     enter(State::Install);
     content->installView()->setIncrement(0.0);
     FrontEnd::settle();
@@ -124,6 +125,12 @@ TEST_P(BarDirection, beginsWhereReadingBegins) {
     const QColor left = image.pixelColor(image.width() / 5, row);
     const QColor right = image.pixelColor(image.width() * 4 / 5, row);
     EXPECT_LT((fromRight() ? right : left).lightness(), (fromRight() ? left : right).lightness());
+}
+
+TEST_P(ReadingDirection, isThatOfTheLicensesText) {
+    enter(State::LicenseOnStart);
+    EXPECT_EQ(find("licenseText")->findChild<QTextEdit*>()->layoutDirection(),
+              fromRight() ? Qt::RightToLeft : Qt::LeftToRight);
 }
 
 } // namespace QtTest

@@ -1,6 +1,6 @@
 #include "Backend/Fixture.h"
-#include "Platform/Posix/PosixProcessLauncher.h"
-#include "Platform/Posix/PosixQueues.h"
+#include "Platform/Posix/ProcessLauncher.h"
+#include "Platform/Posix/Queues.h"
 
 #include <atomic>
 

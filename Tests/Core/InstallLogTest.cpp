@@ -1,6 +1,6 @@
 #include "Core/InstallLog.h"
 
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 
 #include <gtest/gtest.h>
 

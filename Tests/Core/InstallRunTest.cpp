@@ -1,6 +1,6 @@
 #include "Core/InstallRun.h"
 
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Core/LocaleSelection.h"
 
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/Translations.h"
 

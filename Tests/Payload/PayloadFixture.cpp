@@ -1,7 +1,7 @@
 #include "PayloadFixture.h"
 
-#include "Platform/Posix/PosixFileSystem.h"
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/FileSystem.h"
+#include "Platform/Posix/ProcessLauncher.h"
 
 #include <unistd.h>
 

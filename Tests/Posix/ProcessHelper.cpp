@@ -1,10 +1,10 @@
 // The program that the launcher's tests start. Its first argument says what it does; with any other
 // one it prints the arguments that it got.
 
-#include "Platform/Posix/PosixEnvironment.h"
-#include "Platform/Posix/PosixFileSystem.h"
-#include "Platform/Posix/PosixProcessLauncher.h"
-#include "Platform/Posix/PosixSystemLog.h"
+#include "Platform/Posix/Environment.h"
+#include "Platform/Posix/FileSystem.h"
+#include "Platform/Posix/ProcessLauncher.h"
+#include "Platform/Posix/SystemLog.h"
 #include "Support/WaitFor.h"
 
 #include <dirent.h>

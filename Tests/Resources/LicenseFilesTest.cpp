@@ -1,5 +1,5 @@
 #include "FileBytes.h"
-#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/FileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "FailViewController.h"
 #include "InstallViewController.h"
 #include "LicenseViewController.h"
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 #include "StartViewController.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/Translations.h"

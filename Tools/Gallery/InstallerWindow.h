@@ -4,10 +4,10 @@
 #pragma once
 
 #include "Languages.h"
-#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/FileSystem.h"
 #include "Platform/Qt/Application.h"
 #include "Platform/Qt/InterfaceLoader.h"
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 #include "Scenes.h"
 #include "ViewController.h"
 

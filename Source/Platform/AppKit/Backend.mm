@@ -9,9 +9,9 @@
 #include "Platform/AppKit/SystemLog.h"
 #include "Platform/AppKit/Views.h"
 #include "Platform/AppKit/Workspace.h"
-#include "Platform/Posix/PosixFileSystem.h"
-#include "Platform/Posix/PosixProcessLauncher.h"
-#include "Platform/Posix/PosixQueues.h"
+#include "Platform/Posix/FileSystem.h"
+#include "Platform/Posix/ProcessLauncher.h"
+#include "Platform/Posix/Queues.h"
 
 namespace Vexora {
 namespace {

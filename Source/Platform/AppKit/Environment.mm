@@ -1,7 +1,7 @@
 #include "Platform/AppKit/Environment.h"
 
 #include "Platform/AppKit/Conversions.h"
-#include "Platform/Posix/PosixEnvironment.h"
+#include "Platform/Posix/Environment.h"
 
 namespace Vexora {
 

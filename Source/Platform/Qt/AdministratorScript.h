@@ -2,7 +2,7 @@
 // of pkexec. Any thread.
 #pragma once
 
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/ProcessLauncher.h"
 #include "Platform/Services.h"
 
 #include <optional>

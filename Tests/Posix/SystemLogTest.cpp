@@ -1,6 +1,6 @@
-#include "Platform/Posix/PosixSystemLog.h"
+#include "Platform/Posix/SystemLog.h"
 
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/ProcessLauncher.h"
 #include "Support/TemporaryFolder.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/FileSystem.h"
 
 #include "SignalTimer.h"
 #include "Support/TemporaryFolder.h"

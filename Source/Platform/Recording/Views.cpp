@@ -1,4 +1,4 @@
-#include "Platform/Recording/RecordingViews.h"
+#include "Platform/Recording/Views.h"
 
 #include <algorithm>
 

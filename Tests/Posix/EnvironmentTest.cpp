@@ -1,7 +1,7 @@
-#include "Platform/Posix/PosixEnvironment.h"
+#include "Platform/Posix/Environment.h"
 
-#include "Platform/Posix/PosixFileSystem.h"
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/FileSystem.h"
+#include "Platform/Posix/ProcessLauncher.h"
 #include "Support/TemporaryFolder.h"
 
 #include <pwd.h>

@@ -1,4 +1,4 @@
-#include "Platform/Posix/PosixQueues.h"
+#include "Platform/Posix/Queues.h"
 
 #include "SignalTimer.h"
 #include "Support/WaitFor.h"

@@ -1,6 +1,6 @@
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/ProcessLauncher.h"
 
-#include "Platform/Posix/PosixDescriptor.h"
+#include "Platform/Posix/Descriptor.h"
 
 #include <signal.h>
 #include <spawn.h>

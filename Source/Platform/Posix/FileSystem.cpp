@@ -1,6 +1,6 @@
-#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/FileSystem.h"
 
-#include "Platform/Posix/PosixDescriptor.h"
+#include "Platform/Posix/Descriptor.h"
 
 #include <iconv.h>
 #include <sys/stat.h>

@@ -5,7 +5,7 @@
 #include "Platform/Platform.h"
 #include "Platform/Recording/CallLog.h"
 #include "Platform/Recording/MemoryFiles.h"
-#include "Platform/Recording/RecordingViews.h"
+#include "Platform/Recording/Views.h"
 #include "Platform/Recording/VirtualTime.h"
 
 #include <deque>

@@ -1,4 +1,4 @@
-#include "Platform/Recording/RecordingPlatform.h"
+#include "Platform/Recording/Platform.h"
 
 namespace Vexora::Recording {
 namespace {

@@ -1,6 +1,6 @@
-#include "Platform/Posix/PosixSystemLog.h"
+#include "Platform/Posix/SystemLog.h"
 
-#include "Platform/Posix/PosixDescriptor.h"
+#include "Platform/Posix/Descriptor.h"
 
 #include <signal.h>
 

@@ -1,4 +1,4 @@
-#include "Platform/Posix/PosixEnvironment.h"
+#include "Platform/Posix/Environment.h"
 
 #include <pwd.h>
 #include <unistd.h>

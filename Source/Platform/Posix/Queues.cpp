@@ -1,4 +1,4 @@
-#include "Platform/Posix/PosixQueues.h"
+#include "Platform/Posix/Queues.h"
 
 #include <chrono>
 #include <thread>

@@ -1,6 +1,6 @@
-#include "Platform/Posix/PosixProcessLauncher.h"
+#include "Platform/Posix/ProcessLauncher.h"
 
-#include "Platform/Posix/PosixFileSystem.h"
+#include "Platform/Posix/FileSystem.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/WaitFor.h"
 

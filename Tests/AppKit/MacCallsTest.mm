@@ -147,7 +147,7 @@ TEST_F(MacCalls, markedWordsAreSemibold) {
     enter(State::Failure);
     const std::vector<std::pair<double, double>>& fonts = macCalls().fonts;
     for (const double size : {12.0, 15.0, 18.0}) {
-        EXPECT_NE(std::find(fonts.begin(), fonts.end(), std::pair(size, 0.3)), fonts.end()) << size;
+        EXPECT_NE(std::ranges::find(fonts, std::pair(size, 0.3)), fonts.end()) << size;
     }
     for (const auto& [size, weight] : fonts) {
         EXPECT_EQ(weight, 0.3) << size;

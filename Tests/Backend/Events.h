@@ -17,7 +17,7 @@ inline const std::string enterKey = "\003";
 inline const std::string escapeKey = "\033";
 
 /// Runs the event loop until the predicate holds or the time is over.
-/// @return whether the predicate held.
+/// \return whether the predicate held.
 bool waitFor(const std::function<bool()>& predicate,
              std::chrono::milliseconds limit = std::chrono::seconds(10));
 

@@ -6,7 +6,7 @@ namespace BackendTest {
 namespace {
 
 /// Handles the next event, if one comes soon; whatever else is due runs too.
-/// @return whether there was an event.
+/// \return whether there was an event.
 bool runLoopOnce() {
     const Vexora::AutoreleaseScope scope;
     NSEvent* const event = [NSApp nextEventMatchingMask:NSAnyEventMask

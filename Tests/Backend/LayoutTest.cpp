@@ -56,8 +56,8 @@ TEST_P(ClicksEverywhere, findEveryUsableControlAndNoOther) {
         }
     }
     Names expected = usableIn(state());
-    std::sort(names.begin(), names.end());
-    std::sort(expected.begin(), expected.end());
+    std::ranges::sort(names);
+    std::ranges::sort(expected);
     EXPECT_EQ(names, expected);
 }
 
@@ -68,11 +68,11 @@ protected:
     Names reachedBy(Key key, const std::string& first) {
         Names names;
         press(key);
-        while (std::count(names.begin(), names.end(), focused()) == 0 && names.size() < 20) {
+        while (std::ranges::count(names, focused()) == 0 && names.size() < 20) {
             names.push_back(focused());
             press(key);
         }
-        const auto found = std::find(names.begin(), names.end(), first);
+        const auto found = std::ranges::find(names, first);
         std::rotate(names.begin(), found == names.end() ? names.begin() : found, names.end());
         return names;
     }
@@ -90,7 +90,7 @@ TEST_P(TabOrder, followsReading) {
 TEST_P(TabOrder, goesBackwardsToo) {
     enter(state());
     Names expected = usableIn(state());
-    std::reverse(expected.begin(), expected.end());
+    std::ranges::reverse(expected);
     const bool stays =
         expected.back() == "licenseText" && !hasHabit(Habit::TabGoesBackOutOfTheLicense);
     EXPECT_EQ(reachedBy(Key::Backtab, expected.front()), stays ? Names{"licenseText"} : expected);

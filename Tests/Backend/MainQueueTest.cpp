@@ -47,7 +47,7 @@ TEST_F(MainQueue, runsBlocksOfAnotherThreadOnTheMainThread) {
     const bool complete = waitForBlocks(50);
     other.join();
     ASSERT_TRUE(complete);
-    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_TRUE(std::ranges::is_sorted(order));
     EXPECT_EQ(threads, std::vector<std::thread::id>(50, std::this_thread::get_id()));
 }
 

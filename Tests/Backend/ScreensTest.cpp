@@ -285,7 +285,7 @@ TEST_F(Stack, hasTheFailureScreenOnTop) {
     EXPECT_EQ(mainStack(),
               (Names{"install", "lumiqLogo", "containerView", "licenseLabel", "fail"}));
     Names fail = stackOf(widgetOf(*content->failView()));
-    std::sort(fail.begin(), fail.end());
+    std::ranges::sort(fail);
     EXPECT_EQ(fail, (Names{"closeIcon", "failLabel", "logLabel", "troubleshootButton"}));
 }
 

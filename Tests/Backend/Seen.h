@@ -99,12 +99,11 @@ struct Picture {
 
     /// The first point that is painted in a colour, as near to it as smoothed edges come.
     std::optional<Point> find(const Vexora::Color& color) const {
-        const auto found =
-            std::find_if(pixels.begin(), pixels.end(), [&color](const Vexora::Color& pixel) {
-                return std::abs(pixel.red - color.red) + std::abs(pixel.green - color.green) +
-                           std::abs(pixel.blue - color.blue) <
-                       0.12;
-            });
+        const auto found = std::ranges::find_if(pixels, [&color](const Vexora::Color& pixel) {
+            return std::abs(pixel.red - color.red) + std::abs(pixel.green - color.green) +
+                       std::abs(pixel.blue - color.blue) <
+                   0.12;
+        });
         const auto index = static_cast<int>(found - pixels.begin());
         return found == pixels.end() ? std::nullopt
                                      : std::optional<Point>({static_cast<double>(index % width),

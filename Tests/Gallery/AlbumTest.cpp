@@ -12,9 +12,9 @@
 
 namespace GalleryTest {
 
-class AlbumTest : public testing::Test {
+class Album : public testing::Test {
 protected:
-    AlbumTest() {
+    Album() {
         resources.write("de.lproj/Localizable.strings", "\"Start\" = \"<i>Start & \\\"go\\\"\"\n");
     }
 
@@ -25,7 +25,7 @@ protected:
     Gallery::Language faulty = Gallery::languageIn(resources.path().string(), "de");
 };
 
-TEST_F(AlbumTest, holdsAPictureOfEveryScene) {
+TEST_F(Album, holdsAPictureOfEveryScene) {
     Gallery::saveAlbum(root(), faulty);
     for (const Gallery::Scene& scene : Gallery::scenes()) {
         const QString file = root() + "/1x/de/" + QString::fromStdString(scene.name) + ".png";
@@ -33,13 +33,13 @@ TEST_F(AlbumTest, holdsAPictureOfEveryScene) {
     }
 }
 
-TEST_F(AlbumTest, tellsLanguageSceneControlAndFault) {
+TEST_F(Album, tellsLanguageSceneControlAndFault) {
     const QStringList faults = Gallery::saveAlbum(root(), faulty);
     ASSERT_FALSE(faults.isEmpty());
     EXPECT_EQ(faults.front(), "de, start, startButton: shows the tag <i>");
 }
 
-TEST_F(AlbumTest, isDescribedForThePage) {
+TEST_F(Album, isDescribedForThePage) {
     Gallery::saveAlbum(root(), faulty);
     QFile file(root() + "/1x/de.js");
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -58,7 +58,7 @@ TEST_F(AlbumTest, isDescribedForThePage) {
     EXPECT_EQ(scenes[1]["faults"], QJsonArray{});
 }
 
-TEST_F(AlbumTest, failsWhereNothingCanBeWritten) {
+TEST_F(Album, failsWhereNothingCanBeWritten) {
     const QString file = QString::fromStdString(folder.write("file", "").string());
     EXPECT_THROW(Gallery::saveAlbum(file, faulty), std::runtime_error);
 }

@@ -19,32 +19,31 @@
 
 namespace GalleryTest {
 
-using Gallery::InstallerWindow;
 using Gallery::languageOf;
 using Gallery::Scene;
 
-class InstallerWindowTest : public testing::Test {
+class InstallerWindow : public testing::Test {
 protected:
     static const Scene& scene(const std::string& name) {
         return *std::ranges::find(Gallery::scenes(), name, &Scene::name);
     }
 
     /// What a label shows after a scene was entered; nothing when it cannot be seen.
-    static QString shown(InstallerWindow& installer, const QString& name) {
+    static QString shown(Gallery::InstallerWindow& installer, const QString& name) {
         const auto* label = installer.window().findChild<Vexora::TextLabel*>(name);
         return label != nullptr && label->isVisible() ? label->text() : QString();
     }
 };
 
-TEST_F(InstallerWindowTest, showsTheStartScreenFirst) {
-    InstallerWindow installer(languageOf("en"));
+TEST_F(InstallerWindow, showsTheStartScreenFirst) {
+    Gallery::InstallerWindow installer(languageOf("en"));
     EXPECT_EQ(shown(installer, "startLabel"), "To install Ondrel Vexora Lumiq, click Start.");
     EXPECT_EQ(installer.window().windowTitle(), "Ondrel Vexora Lumiq Setup");
     EXPECT_EQ(installer.window().size(), QSize(640, 580));
 }
 
-TEST_F(InstallerWindowTest, installsWithTheBarOnItsWay) {
-    InstallerWindow installer(languageOf("en"));
+TEST_F(InstallerWindow, installsWithTheBarOnItsWay) {
+    Gallery::InstallerWindow installer(languageOf("en"));
     installer.enter(scene("installing"));
     EXPECT_EQ(shown(installer, "installLabel"), "Installing Ondrel Vexora Lumiq...");
     const int value = installer.window().findChild<QProgressBar*>()->value();
@@ -52,14 +51,14 @@ TEST_F(InstallerWindowTest, installsWithTheBarOnItsWay) {
     EXPECT_LT(value, 90);
 }
 
-TEST_F(InstallerWindowTest, completesByItsTicks) {
-    InstallerWindow installer(languageOf("en"));
+TEST_F(InstallerWindow, completesByItsTicks) {
+    Gallery::InstallerWindow installer(languageOf("en"));
     installer.enter(scene("completed"));
     EXPECT_EQ(shown(installer, "installLabel"), "Installation completed!");
     EXPECT_EQ(installer.window().findChild<QProgressBar*>()->value(), 100);
 }
 
-TEST_F(InstallerWindowTest, showsTheMessageOfEachStatus) {
+TEST_F(InstallerWindow, showsTheMessageOfEachStatus) {
     std::set<std::string> messages;
     for (const Scene& one : Gallery::scenes()) {
         if (one.reached != Gallery::Reached::ByStatus || one.status == 0) {
@@ -68,7 +67,7 @@ TEST_F(InstallerWindowTest, showsTheMessageOfEachStatus) {
         const Vexora::FailureMessage message = Vexora::failureMessageForStatus(one.status);
         const std::string text = message.identifier == nullptr ? "" : message.identifier;
         const bool isNotice = message.presentation == Vexora::Presentation::Notice;
-        InstallerWindow installer(languageOf("en"));
+        Gallery::InstallerWindow installer(languageOf("en"));
         installer.enter(one);
         EXPECT_EQ(shown(installer, "logLabel").toStdString(), text + " Open logs") << one.name;
         EXPECT_EQ(shown(installer, "failLabel"), isNotice ? "" : "Installation failed") << one.name;
@@ -78,39 +77,39 @@ TEST_F(InstallerWindowTest, showsTheMessageOfEachStatus) {
     EXPECT_EQ(messages.size(), Vexora::failureMessages.size() + 1);
 }
 
-TEST_F(InstallerWindowTest, showsTheLicenceOfTheLanguage) {
-    InstallerWindow installer(languageOf("de"));
+TEST_F(InstallerWindow, showsTheLicenceOfTheLanguage) {
+    Gallery::InstallerWindow installer(languageOf("de"));
     installer.enter(scene("licence"));
     EXPECT_EQ(shown(installer, "licenseAgreementLabel"), "Lizenzvereinbarung");
     EXPECT_TRUE(
         installer.window().findChild<QTextEdit*>()->toPlainText().contains("LIZENZVEREINBARUNG"));
 }
 
-TEST_F(InstallerWindowTest, laysTheRightToLeftPseudoLocaleOutFromRightToLeft) {
+TEST_F(InstallerWindow, laysTheRightToLeftPseudoLocaleOutFromRightToLeft) {
     {
-        InstallerWindow installer(languageOf("xr"));
+        Gallery::InstallerWindow installer(languageOf("xr"));
         EXPECT_EQ(installer.window().layoutDirection(), Qt::RightToLeft);
         EXPECT_TRUE(shown(installer, "startLabel").contains("Ondrel Vexora Lumiq"));
     }
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
-    InstallerWindow mirror(languageOf("xr").leftToRight());
+    Gallery::InstallerWindow mirror(languageOf("xr").leftToRight());
     EXPECT_EQ(mirror.window().layoutDirection(), Qt::LeftToRight);
     EXPECT_FALSE(languageOf("xa").isRightToLeft());
     EXPECT_FALSE(languageOf("xl").isRightToLeft());
     EXPECT_TRUE(languageOf("ar").isRightToLeft());
 }
 
-TEST_F(InstallerWindowTest, isOfAKnownLanguage) {
+TEST_F(InstallerWindow, isOfAKnownLanguage) {
     EXPECT_THROW(languageOf("xx"), std::runtime_error);
 }
 
-TEST_F(InstallerWindowTest, isNeverOnTheDisplay) {
-    InstallerWindow installer(languageOf("en"));
+TEST_F(InstallerWindow, isNeverOnTheDisplay) {
+    Gallery::InstallerWindow installer(languageOf("en"));
     EXPECT_TRUE(installer.window().testAttribute(Qt::WA_DontShowOnScreen));
     EXPECT_TRUE(installer.window().isVisible());
 }
 
-TEST_F(InstallerWindowTest, isPortrayedAtTheScaleOfTheDisplay) {
+TEST_F(InstallerWindow, isPortrayedAtTheScaleOfTheDisplay) {
     const Gallery::Portrait portrait = Gallery::portray(languageOf("en"), scene("start"));
     EXPECT_EQ(portrait.title, "Ondrel Vexora Lumiq Setup");
     EXPECT_EQ(portrait.picture.deviceIndependentSize(), QSizeF(640, 580));
@@ -137,14 +136,14 @@ private:
     std::function<void(QWidget&)> action_;
 };
 
-TEST_F(InstallerWindowTest, isPortrayedWithASizeThatIsNotItsOwn) {
+TEST_F(InstallerWindow, isPortrayedWithASizeThatIsNotItsOwn) {
     const WhenShown grow([](QWidget& window) { window.setMinimumWidth(641); });
     const auto faults = Gallery::portray(languageOf("en"), scene("start")).faults;
     ASSERT_EQ(faults.size(), 1);
     EXPECT_EQ(faults.front().text, "is 641 x 580, but its definition says 640 x 580");
 }
 
-TEST_F(InstallerWindowTest, isPortrayedWithWhatDoesNotMirror) {
+TEST_F(InstallerWindow, isPortrayedWithWhatDoesNotMirror) {
     const WhenShown intrude([](QWidget& window) {
         auto* control = new QWidget(&window);
         control->setObjectName("intruder");
@@ -158,7 +157,7 @@ TEST_F(InstallerWindowTest, isPortrayedWithWhatDoesNotMirror) {
     EXPECT_TRUE(faults.front().text.startsWith("the control at 0, 0, 5 x 5 is no mirror image"));
 }
 
-TEST_F(InstallerWindowTest, isPortrayedWithAWordThatItsLinesDoNotHold) {
+TEST_F(InstallerWindow, isPortrayedWithAWordThatItsLinesDoNotHold) {
     const TestSupport::TemporaryFolder resources;
     resources.write("de.lproj/Localizable.strings",
                     "\"License Agreement\" = \"" + std::string(80, 'n') + "\"\n");
@@ -170,10 +169,10 @@ TEST_F(InstallerWindowTest, isPortrayedWithAWordThatItsLinesDoNotHold) {
 }
 
 /// What the pictures do not show: buttons under the pointer, and pressed.
-TEST_F(InstallerWindowTest, keepsTheContrastOfButtonsInUse) {
+TEST_F(InstallerWindow, keepsTheContrastOfButtonsInUse) {
     int buttons = 0;
     for (const char* name : {"start", "installing", "failure-30", "licence"}) {
-        InstallerWindow installer(languageOf("en"));
+        Gallery::InstallerWindow installer(languageOf("en"));
         installer.enter(scene(name));
         for (auto* button : installer.window().findChildren<QPushButton*>()) {
             buttons += button->isVisible() ? 1 : 0;
@@ -186,7 +185,7 @@ TEST_F(InstallerWindowTest, keepsTheContrastOfButtonsInUse) {
     EXPECT_EQ(buttons, 5);
 }
 
-TEST_F(InstallerWindowTest, everySceneHasANameOfItsOwn) {
+TEST_F(InstallerWindow, everySceneHasANameOfItsOwn) {
     std::set<std::string> names;
     for (const Scene& one : Gallery::scenes()) {
         names.insert(one.name);

@@ -10,9 +10,8 @@
 namespace QtTest {
 
 using Vexora::StyledText;
-using Vexora::TextLabel;
 
-class TextLabelTest : public testing::Test {
+class TextLabel : public testing::Test {
 protected:
     void show(const std::string& text) { label.setStyledText(StyledText(text)); }
 
@@ -40,10 +39,10 @@ protected:
 
     void fitTo(int width) { label.resize(width, label.heightForWidth(width)); }
 
-    TextLabel label;
+    Vexora::TextLabel label;
 };
 
-TEST_F(TextLabelTest, paintsAnAmpersandAsAnyOtherSign) {
+TEST_F(TextLabel, paintsAnAmpersandAsAnyOtherSign) {
     const QFontMetrics metrics(label.font());
     show("&");
     const int one = label.sizeHint().width();
@@ -51,7 +50,7 @@ TEST_F(TextLabelTest, paintsAnAmpersandAsAnyOtherSign) {
     EXPECT_EQ(label.sizeHint().width() - one, metrics.horizontalAdvance("&"));
 }
 
-TEST_F(TextLabelTest, anEmptyTextKeepsTheHeightOfALine) {
+TEST_F(TextLabel, anEmptyTextKeepsTheHeightOfALine) {
     show("");
     EXPECT_EQ(label.text(), "");
     EXPECT_GE(label.heightForWidth(100), label.fontMetrics().height());
@@ -59,7 +58,7 @@ TEST_F(TextLabelTest, anEmptyTextKeepsTheHeightOfALine) {
     EXPECT_TRUE(inked(painted()).isEmpty());
 }
 
-TEST_F(TextLabelTest, aLineEndBeginsANewLine) {
+TEST_F(TextLabel, aLineEndBeginsANewLine) {
     show("one");
     const int one = label.sizeHint().height();
     const int width = label.sizeHint().width();
@@ -68,14 +67,14 @@ TEST_F(TextLabelTest, aLineEndBeginsANewLine) {
     EXPECT_EQ(label.sizeHint().width(), width);
 }
 
-TEST_F(TextLabelTest, keepsTheDistanceOfItsLinesInSmallerFonts) {
+TEST_F(TextLabel, keepsTheDistanceOfItsLinesInSmallerFonts) {
     StyledText small;
     small.append({"one\ntwo", Vexora::Font{"QuillaSans", 4.0}, {}});
     label.setStyledText(small);
     EXPECT_GE(label.heightForWidth(200), 2 * label.fontMetrics().height());
 }
 
-TEST_F(TextLabelTest, cutsNoMarkOffThatHangsBelowItsTypeface) {
+TEST_F(TextLabel, cutsNoMarkOffThatHangsBelowItsTypeface) {
     label.setFont(QFont("DejaVu Sans", 18));
     show("جارٍ");
     fitTo(200);
@@ -84,7 +83,7 @@ TEST_F(TextLabelTest, cutsNoMarkOffThatHangsBelowItsTypeface) {
     EXPECT_LT(ink.bottom(), label.height() - 1);
 }
 
-TEST_F(TextLabelTest, wrapsAtWords) {
+TEST_F(TextLabel, wrapsAtWords) {
     show("several words that do not fit on one line of the label");
     const int line = label.heightForWidth(2000);
     EXPECT_GE(label.heightForWidth(150), line + 2 * label.fontMetrics().height());
@@ -92,7 +91,7 @@ TEST_F(TextLabelTest, wrapsAtWords) {
     EXPECT_TRUE(label.rect().contains(inked(painted())));
 }
 
-TEST_F(TextLabelTest, wrapsInsideAWordThatIsTooLong) {
+TEST_F(TextLabel, wrapsInsideAWordThatIsTooLong) {
     show(std::string(300, 'W'));
     EXPECT_GT(label.heightForWidth(100), 10 * label.fontMetrics().height());
     fitTo(100);
@@ -101,7 +100,7 @@ TEST_F(TextLabelTest, wrapsInsideAWordThatIsTooLong) {
     EXPECT_LE(place.right(), 100);
 }
 
-TEST_F(TextLabelTest, laysOutTenThousandCharacters) {
+TEST_F(TextLabel, laysOutTenThousandCharacters) {
     std::string text;
     while (text.size() < 10000) {
         text += "many words ";
@@ -117,14 +116,14 @@ TEST_F(TextLabelTest, laysOutTenThousandCharacters) {
     EXPECT_TRUE(label.rect().contains(place));
 }
 
-TEST_F(TextLabelTest, isHighEnoughForItsTallestRun) {
+TEST_F(TextLabel, isHighEnoughForItsTallestRun) {
     StyledText text("small ");
     text.append({"large", Vexora::Font{"QuillaSans-SemiBold", 40.0}, {}});
     label.setStyledText(text);
     EXPECT_GT(label.heightForWidth(1000), label.fontMetrics().height() * 2);
 }
 
-TEST_F(TextLabelTest, paintsRunsInTheirColours) {
+TEST_F(TextLabel, paintsRunsInTheirColours) {
     StyledText text("plain ");
     text.append({"red", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
     label.setStyledText(text);
@@ -143,7 +142,7 @@ TEST_F(TextLabelTest, paintsRunsInTheirColours) {
     EXPECT_TRUE(ink);
 }
 
-TEST_F(TextLabelTest, centresWhenTheTextSaysSo) {
+TEST_F(TextLabel, centresWhenTheTextSaysSo) {
     label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     StyledText text("word");
     text.setAlignment(Vexora::TextAlignment::Center);
@@ -153,7 +152,7 @@ TEST_F(TextLabelTest, centresWhenTheTextSaysSo) {
     EXPECT_EQ(label.lineAlignment(), Qt::AlignHCenter);
 }
 
-TEST_F(TextLabelTest, beginsAtTheLeadingEdgeOtherwise) {
+TEST_F(TextLabel, beginsAtTheLeadingEdgeOtherwise) {
     show("word");
     fitTo(400);
     EXPECT_LT(inked(painted()).right(), 200);
@@ -161,7 +160,7 @@ TEST_F(TextLabelTest, beginsAtTheLeadingEdgeOtherwise) {
     EXPECT_GT(inked(painted()).left(), 200);
 }
 
-TEST_F(TextLabelTest, ordersMixedTextByTheLayoutDirection) {
+TEST_F(TextLabel, ordersMixedTextByTheLayoutDirection) {
     StyledText text("بدء ");
     text.append({"Start", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
     label.setStyledText(text);
@@ -180,7 +179,7 @@ TEST_F(TextLabelTest, ordersMixedTextByTheLayoutDirection) {
     EXPECT_NEAR(reddest, inked(image).left(), 3);
 }
 
-TEST_F(TextLabelTest, isSharpAtTwiceTheScale) {
+TEST_F(TextLabel, isSharpAtTwiceTheScale) {
     show("Sharp text");
     fitTo(200);
     const QImage once = painted(1.0);
@@ -194,7 +193,7 @@ TEST_F(TextLabelTest, isSharpAtTwiceTheScale) {
               enlarged.convertToFormat(QImage::Format_RGB32));
 }
 
-TEST_F(TextLabelTest, namesItsBuddy) {
+TEST_F(TextLabel, namesItsBuddy) {
     QWidget field;
     label.setBuddy(&field);
     show("Name & more");
@@ -203,7 +202,7 @@ TEST_F(TextLabelTest, namesItsBuddy) {
     EXPECT_EQ(field.accessibleName(), "Other");
 }
 
-TEST_F(TextLabelTest, aHandlerThatReplacesTheTextIsCalledOnce) {
+TEST_F(TextLabel, aHandlerThatReplacesTheTextIsCalledOnce) {
     int clicks = 0;
     label.setClickHandler([&] {
         ++clicks;
@@ -214,7 +213,7 @@ TEST_F(TextLabelTest, aHandlerThatReplacesTheTextIsCalledOnce) {
     EXPECT_EQ(label.text(), "after");
 }
 
-TEST_F(TextLabelTest, takesTheFocusOnlyWithAHandlerAndNeverByTheMouse) {
+TEST_F(TextLabel, takesTheFocusOnlyWithAHandlerAndNeverByTheMouse) {
     EXPECT_EQ(label.focusPolicy(), Qt::NoFocus);
     label.click();
     label.setClickHandler([] {});

@@ -17,6 +17,15 @@ OFFENDERS = {
     "documents name what exists": ({"docs/a.md": "See [c](../docs/c.md), `docs/d.md` and `Tools/lint`.\n"},
                                    ["docs/a.md names ../docs/c.md, which does not exist",
                                     "docs/a.md names docs/d.md, which does not exist"]),
+    "one dialect": ({"Source/Platform/Qt/QtTags.h": "/// @param one\n/// Two. \\returns three\n/// \\return four\n",
+                     "Tests/Suites.cpp": "TEST(OneTest, two) {}\nTEST_F(OneDeathTest, two) {}\n",
+                     "Tools/Ranges.mm": "std::sort(a);\nstd::ranges::sort(a);\nstd::find_if(a);\nstd::any_of(a);\n",
+                     "Tools/CMakeLists.txt": "add_library(one-two)\nadd_custom_target(oneTwo)\nadd_executable(check-strings)\n"},
+                    ["Source/Platform/Qt/QtTags.h:1:/// @param one", "Source/Platform/Qt/QtTags.h:2:/// Two. \\returns three",
+                     "Tests/Suites.cpp:1:TEST(OneTest, two) {}", "Tools/Ranges.mm:1:std::sort(a);",
+                     "Tools/Ranges.mm:3:std::find_if(a);", "Tools/Ranges.mm:4:std::any_of(a);",
+                     "Tools/CMakeLists.txt:1:add_library(one-two)", "Tools/CMakeLists.txt:2:add_custom_target(oneTwo)",
+                     "Source/Platform/Qt/QtTags.h"]),
     "interface definitions without text": ({"Resources/Interface/A.json": '{"title": ""}\n', "Resources/Interface/A.ui": "\n"},
                                            ['Resources/Interface/A.json:1:{"title": ""}']),
 }
@@ -57,6 +66,10 @@ class CheckLintTest(unittest.TestCase):
         self.assertEqual(report[definitions], [f"Resources/Interface/A.ui:1:{text.strip()}"])
         (self.root / "Resources/Interface/A.ui").unlink()
         self.assertRegex(self.report_with({})[definitions][0], r"Resources/Interface/\*\.ui")
+
+    def test_an_offender_alone_is_found(self):
+        suite = "TEST(OneTest, two) {}"
+        self.assertEqual(self.report_with({"Tests/Suites.cpp": suite})["one dialect"], [f"Tests/Suites.cpp:1:{suite}"])
 
     def test_the_checks_with_files_of_their_own_are_run(self):
         self.assertLessEqual({"includes", "messages", "backends"}, self.report_with({}).keys())

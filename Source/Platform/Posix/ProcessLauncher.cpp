@@ -67,10 +67,10 @@ private:
 };
 
 #ifdef __APPLE__
-constexpr short SPAWN_FLAGS =
+constexpr short spawnFlags =
     POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_CLOEXEC_DEFAULT;
 #else
-constexpr short SPAWN_FLAGS = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+constexpr short spawnFlags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
 #endif
 
 /// The signals of the new program: none blocked, none ignored.
@@ -88,7 +88,7 @@ public:
         // These only store a value and fail for unknown flags alone.
         ::posix_spawnattr_setsigmask(&attributes_, &none);
         ::posix_spawnattr_setsigdefault(&attributes_, &all);
-        ::posix_spawnattr_setflags(&attributes_, SPAWN_FLAGS);
+        ::posix_spawnattr_setflags(&attributes_, spawnFlags);
     }
     Attributes(const Attributes&) = delete;
     Attributes& operator=(const Attributes&) = delete;

@@ -27,7 +27,7 @@ void View::removeFromSuperview() {
     View& parent = *superview_;
     const auto found = std::ranges::find_if(
         parent.subviews_, [this](const auto& sibling) { return sibling.get() == this; });
-    const std::shared_ptr<View> keptAlive = *found;
+    const std::shared_ptr<View> keptAlive = std::move(*found);
     parent.subviews_.erase(found);
     superview_ = nullptr;
     parent.applySubviewRemoved(*this);

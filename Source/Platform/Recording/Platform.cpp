@@ -52,6 +52,7 @@ RecordingApplication::RecordingApplication(CallLog& calls, VirtualTime& time)
 
 std::vector<Window*> RecordingApplication::windows() {
     std::vector<Window*> all;
+    all.reserve(ownedWindows.size());
     for (const auto& window : ownedWindows) {
         all.push_back(window.get());
     }

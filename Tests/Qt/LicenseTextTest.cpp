@@ -31,6 +31,20 @@ protected:
     TestSupport::TemporaryFolder resources;
 };
 
+TEST(TextArea, takesRichTextOnlyWhenToldSo) {
+    Vexora::QtTextView area({300.0, 100.0});
+    for (const bool rich : {false, true}) {
+        area.setRichText(rich);
+        EXPECT_EQ(area.edit()->acceptRichText(), rich);
+    }
+}
+
+TEST(PrevailingDirection, isThatOfMostLetters) {
+    EXPECT_EQ(Vexora::prevailingDirection("Ondrel Vexora ترخيص"), Qt::LeftToRight);
+    EXPECT_EQ(Vexora::prevailingDirection("Ondrel تثبيت البرنامج"), Qt::RightToLeft);
+    EXPECT_EQ(Vexora::prevailingDirection("1. (2)"), Qt::LeftToRight);
+}
+
 TEST_F(LicenseText, cannotBeCutOrReplaced) {
     enter(State::LicenseOnStart);
     const std::string before = text("licenseText");

@@ -30,6 +30,16 @@ TEST_F(Window, leavesWithAnyOtherWindow) {
     EXPECT_EQ(application.exits, std::vector<int>{0});
 }
 
+TEST_F(Window, comesInFrontOfTheOthers) {
+    openWindow();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    application.activateIgnoringOtherApps();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+}
+
 TEST_F(Window, doesNotLeaveWithAWidgetInside) {
     openWindow();
     find("startButton")->close();

@@ -14,7 +14,7 @@ namespace {
 
 using namespace CheckStrings;
 
-enum Status { sound = 0, found = 1, failed = 2 };
+enum Status { Sound = 0, Found = 1, Failed = 2 };
 
 Findings check(const Request& request) {
     Findings findings;
@@ -37,14 +37,14 @@ Findings check(const Request& request) {
 Status run(const Request& request) {
     if (request.wantsHelp) {
         std::cout << helpText();
-        return sound;
+        return Sound;
     }
     const Findings findings = check(request);
     for (const Finding& finding : findings) {
         std::cout << printable(finding.file) << ':' << finding.line << ": " << nameOf(finding.rule)
                   << ": " << printable(finding.text) << '\n';
     }
-    return findings.empty() ? sound : found;
+    return findings.empty() ? Sound : Found;
 }
 
 } // namespace
@@ -61,5 +61,5 @@ int main(int count, char* arguments[]) {
     } catch (const std::exception& error) {
         std::cerr << "check-strings: " << printable(error.what()) << '\n';
     }
-    return failed;
+    return Failed;
 }

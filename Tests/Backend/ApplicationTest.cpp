@@ -40,13 +40,6 @@ TEST_F(Application, closingTheMainWindowByItsButtonLeavesDuringTheInstallation) 
     EXPECT_TRUE(calls.beginningWith("launch ").empty());
 }
 
-TEST_F(Application, exitEndsTheProcessWithTheStatusThatItIsGiven) {
-    for (const int status : {0, 3}) {
-        EXPECT_EXIT(application.FrontEnd::Application::exit(status),
-                    testing::ExitedWithCode(status), "");
-    }
-}
-
 TEST_F(Application, anotherHandlerReplacesTheOneBefore) {
     int closings = 0;
     openWindow();

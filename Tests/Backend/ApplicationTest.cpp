@@ -6,12 +6,7 @@ class Application : public Fixture {
 protected:
     void expectCentred() const {
         EXPECT_NEAR(frontEnd.middle().x, frontEnd.middleOfDisplay().x, 1.0);
-        const double offset = frontEnd.middle().y - frontEnd.middleOfDisplay().y;
-        if (hasHabit(Habit::CentredWindowStandsInTheUpperHalf)) {
-            EXPECT_GT(offset, -1.0);
-        } else {
-            EXPECT_NEAR(offset, 0.0, 1.0);
-        }
+        EXPECT_NEAR(frontEnd.middle().y, frontEnd.middleOfDisplay().y, 1.0);
     }
 };
 

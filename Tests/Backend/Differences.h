@@ -11,7 +11,6 @@ enum class Habit {
     ReturnPressesAnyFocusedButton,
     TabGoesBackOutOfTheLicense,
     FailureHasItsIconOverTheTitle,
-    CentredWindowStandsInTheUpperHalf,
 };
 
 struct Difference {
@@ -29,8 +28,6 @@ inline const std::map<Habit, Difference> differences{
     {Habit::FailureHasItsIconOverTheTitle,
      {false, true,
       "The Mac's alerts have their icon over the text; elsewhere it stands before the title."}},
-    {Habit::CentredWindowStandsInTheUpperHalf,
-     {false, true, "The Mac leaves more room below a centred window than above it."}},
 };
 
 } // namespace BackendTest

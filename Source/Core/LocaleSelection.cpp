@@ -31,7 +31,7 @@ std::optional<std::string>
 initializeTranslator(Environment& environment, const std::function<void(const std::string&)>& log,
                      const std::function<void(const std::string&, const std::string&)>& load) {
     const std::string resourcePath = environment.resourcePath();
-    const std::string language = languageCode(environment.localeIdentifier());
+    std::string language = languageCode(environment.localeIdentifier());
     const std::string directory = localeDirectory(resourcePath, language);
     try {
         load(language, directory);

@@ -80,7 +80,8 @@ PayloadFixture::Result PayloadFixture::run(const std::vector<std::string>& comma
 PayloadFixture::Result PayloadFixture::runScript(const std::string& name,
                                                  const std::vector<std::string>& arguments) {
     giveToUser();
-    std::vector<std::string> command = {(resources_ / name).string()};
+    std::vector<std::string> command = prefix_;
+    command.push_back((resources_ / name).string());
     command.insert(command.end(), arguments.begin(), arguments.end());
     return run(command);
 }

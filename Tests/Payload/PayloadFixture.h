@@ -54,6 +54,7 @@ protected:
     std::filesystem::path userReceipt_;    // the receipt below the home
     std::optional<std::string> homeValue_; // the variable HOME of a run; none leaves it out
     std::string path_ = "/usr/bin:/bin";   // the variable PATH of a run, behind `tools_`
+    std::vector<std::string> prefix_;      // a command that gets a script's command line, or none
 
 private:
     Result run(const std::vector<std::string>& command);

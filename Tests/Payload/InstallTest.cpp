@@ -1,52 +1,8 @@
 #include "PayloadFixture.h"
 
-#include <grp.h>
 #include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// A process of the limited user that lives as long as this object.
-class OtherProcess {
-public:
-    OtherProcess() : id_(fork()) {
-        if (id_ != 0) {
-            return;
-        }
-        if (geteuid() == 0 && setuid(65534) != 0) {
-            _exit(1);
-        }
-        for (;;) {
-            pause();
-        }
-    }
-    ~OtherProcess() {
-        kill(id_, SIGKILL);
-        waitpid(id_, nullptr, 0);
-    }
-    OtherProcess(const OtherProcess&) = delete;
-    OtherProcess& operator=(const OtherProcess&) = delete;
-
-    pid_t id() const { return id_; }
-
-private:
-    pid_t id_;
-};
-
-// The id of a process that has ended.
-pid_t endedProcess() {
-    const pid_t id = fork();
-    if (id == 0) {
-        _exit(0);
-    }
-    waitpid(id, nullptr, 0);
-    return id;
-}
-
-} // namespace
 
 class Install : public PayloadFixture {
 protected:
@@ -224,23 +180,6 @@ TEST_F(Install, reports20WithoutAHome) {
     EXPECT_EQ(install().status, 20);
     homeValue_ = "relative";
     EXPECT_EQ(install().status, 20);
-}
-
-TEST_F(Install, reports20WhileAnotherInstallationRuns) {
-    const OtherProcess other;
-    const fs::path folder = userFolder_ / (".Lumiq.plugin.staging." + std::to_string(other.id()));
-    fs::create_directories(folder);
-    EXPECT_EQ(install().status, 20);
-    EXPECT_TRUE(fs::exists(folder));
-}
-
-TEST_F(Install, bringsBackTheVersionThatAKilledInstallationMovedAside) {
-    const fs::path folder =
-        userFolder_ / (".Lumiq.plugin.staging." + std::to_string(endedProcess()));
-    plant(folder / "old", "2.5.0");
-    EXPECT_EQ(install().status, 10);
-    EXPECT_EQ(versionIn(userFolder_), "2.5.0");
-    EXPECT_TRUE(isTidy(userFolder_));
 }
 
 TEST_F(Install, keepsTheOldVersionForTheNextRunWhenItCannotBeBroughtBack) {

@@ -3,14 +3,20 @@
 #include "SignalTimer.h"
 #include "Support/WaitFor.h"
 
+#include <pthread.h>
+
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <latch>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <system_error>
 #include <thread>
 
 using TestSupport::SignalTimer;
@@ -25,6 +31,28 @@ Milliseconds timeToSleep(unsigned seconds) {
     Vexora::PosixClock().sleep(seconds);
     return std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
 }
+
+/// While it lives, new threads ask for a stack of that many bytes.
+class DefaultStackSize {
+public:
+    explicit DefaultStackSize(std::size_t bytes) {
+        ::pthread_getattr_default_np(&before_);
+        pthread_attr_t changed;
+        ::pthread_getattr_default_np(&changed);
+        EXPECT_EQ(::pthread_attr_setstacksize(&changed, bytes), 0);
+        EXPECT_EQ(::pthread_setattr_default_np(&changed), 0);
+        ::pthread_attr_destroy(&changed);
+    }
+    DefaultStackSize(const DefaultStackSize&) = delete;
+    DefaultStackSize& operator=(const DefaultStackSize&) = delete;
+    ~DefaultStackSize() {
+        ::pthread_setattr_default_np(&before_);
+        ::pthread_attr_destroy(&before_);
+    }
+
+private:
+    pthread_attr_t before_;
+};
 
 [[noreturn]] void leaveWhileABlockWaits() {
     const auto running = std::make_shared<std::latch>(1);
@@ -70,6 +98,21 @@ TEST(PosixBackgroundQueue, aBlockIsReleasedWhenItHasRun) {
     const std::weak_ptr<int> watched = held;
     Vexora::PosixBackgroundQueue().async([held = std::move(held)] {});
     EXPECT_TRUE(waitFor([&] { return watched.expired(); }));
+}
+
+TEST(PosixBackgroundQueue, aThreadThatTheSystemRefusesIsAnErrorWithItsReason) {
+    const auto held = std::make_shared<int>(0);
+    // No machine has an address space for such a stack.
+    const DefaultStackSize stack(std::size_t{1} << 60);
+    try {
+        Vexora::PosixBackgroundQueue().async([held] {});
+        ADD_FAILURE() << "there is a thread";
+    } catch (const std::system_error& error) {
+        EXPECT_EQ(error.code(), std::errc::resource_unavailable_try_again);
+        EXPECT_EQ(std::string(error.what()),
+                  std::string("Cannot start a thread: ") + std::strerror(EAGAIN));
+    }
+    EXPECT_EQ(held.use_count(), 1);
 }
 
 TEST(PosixBackgroundQueueDeathTest, leavingTheProcessWaitsForNoBlock) {

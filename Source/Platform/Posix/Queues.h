@@ -10,7 +10,8 @@ namespace Vexora {
 /// Gives every block a thread of its own, which nobody waits for.
 class PosixBackgroundQueue final : public BackgroundQueue {
 public:
-    /// Any thread. \throws std::system_error when the system gives no further thread.
+    /// Any thread. \throws std::system_error when the system gives no further thread; its text says
+    /// so and names the reason.
     void async(std::function<void()> block) override;
 };
 

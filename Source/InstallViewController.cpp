@@ -21,8 +21,20 @@ void InstallViewController::viewDidLoad() {
     installProgress_->setUsesThreadedAnimation(true);
     queue_ = &platform().backgroundQueue;
     platform().mainQueue.async([self = shared()] { self->incrementProgressBar(); });
-    queue_->async([self = shared()] { self->startInstall(); });
+    attempt([this] {
+        queue_->async([self = shared()] { self->attempt([&self] { self->startInstall(); }); });
+    });
     retranslate();
+}
+
+void InstallViewController::attempt(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const std::exception& error) {
+        // Before anything else: the ticks would carry the bar to the success text.
+        model_.freeze();
+        platform().systemLog.log(std::string("Failed to install: ") + error.what());
+    }
 }
 
 void InstallViewController::retranslate() {

@@ -6,6 +6,7 @@
 #include "Core/ProgressModel.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace Vexora {
 
@@ -14,7 +15,9 @@ public:
     explicit InstallViewController(Platform& platform)
         : BaseViewController(platform, "InstallViewController") {}
 
-    /// Sets the progress model up, posts the first tick and the install run, and sets the texts.
+    /// Sets the progress model up, posts the first tick and the install run, and sets the texts. A run
+    /// that cannot be posted, or that an exception ends, has no outcome: the system log tells why,
+    /// and the bar stands still.
     void viewDidLoad() override;
     void retranslate();
 
@@ -23,7 +26,7 @@ public:
     void incrementProgressBar();
 
     /// Runs the installation to its outcome; see InstallRun::startInstall. On the background queue,
-    /// once.
+    /// once. \throws std::exception what InstallRun::startInstall throws.
     void startInstall();
 
     /// Runs `install` once as administrator. \return whether it ran without error. On the background
@@ -61,6 +64,9 @@ public:
 private:
     /// This controller as a shared pointer, for the blocks that it posts.
     std::shared_ptr<InstallViewController> shared();
+
+    /// Takes a step towards the installation; what it throws ends the installation alone. Any thread.
+    void attempt(const std::function<void()>& step);
 
     ProgressModel model_;
     /// Kept beside the outlets because the install run reads its value from the background thread.

@@ -1,7 +1,5 @@
 #include "Core/InstallRun.h"
 
-#include <exception>
-
 namespace Vexora {
 
 std::vector<std::string> installArguments(const std::string& resourcePath) {
@@ -41,7 +39,8 @@ void InstallRun::startInstall() {
     }
     const auto arguments = installArguments(platform_.environment.resourcePath());
     const std::unique_ptr<FileHandle> output = openLog();
-    const std::unique_ptr<Process> process = launch(arguments, output.get());
+    const std::unique_ptr<Process> process =
+        platform_.processes.launch(nohupPath, arguments, output.get());
     while (process->isRunning()) {
         model_.poll([this] { return bar_.doubleValue(); });
         platform_.clock.sleep(1);
@@ -58,16 +57,6 @@ std::unique_ptr<FileHandle> InstallRun::openLog() {
         output = files.fileHandleForUpdatingAtPath("/dev/null");
     }
     return output;
-}
-
-std::unique_ptr<Process> InstallRun::launch(const std::vector<std::string>& arguments,
-                                            const FileHandle* output) {
-    try {
-        return platform_.processes.launch(nohupPath, arguments, output);
-    } catch (const std::exception& error) {
-        platform_.systemLog.log(std::string("Failed to launch ") + nohupPath + ": " + error.what());
-        throw;
-    }
 }
 
 void InstallRun::decide(std::int32_t status) {

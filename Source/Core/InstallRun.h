@@ -41,15 +41,13 @@ public:
                std::function<void(std::int32_t)> reportFailure);
 
     /// Runs the installation to its outcome. Not on the main thread.
-    /// \throws std::exception what the launcher throws when nohup cannot be started, after a
-    /// system-log line.
+    /// \throws std::exception what the launcher throws when nohup cannot be started; no outcome is
+    ///     posted then.
     void startInstall();
 
 private:
     /// The log file, or the null device when it cannot be opened.
     std::unique_ptr<FileHandle> openLog();
-    std::unique_ptr<Process> launch(const std::vector<std::string>& arguments,
-                                    const FileHandle* output);
     void decide(std::int32_t status);
     void post(std::int32_t status);
 

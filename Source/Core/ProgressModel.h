@@ -8,7 +8,8 @@
 
 namespace Vexora {
 
-/// Every member is read and written as a whole; after reset() only the install run writes.
+/// Every member is read and written as a whole; after reset() only the install run writes,
+/// or whoever finds that there can be none.
 class ProgressModel {
 public:
     /// Sets the values that hold before the first tick.

@@ -37,6 +37,24 @@ protected:
         platform.backgroundQueue.runNext();
         return screen;
     }
+
+    /// Expects an installation that ended without an outcome: one line in the system log, and a
+    /// window that shows what it showed, for ever, and can be closed.
+    void expectNoOutcome(const std::string& reason) {
+        platform.time.advance(3600.0);
+        EXPECT_EQ(platform.calls.beginningWith("log: "),
+                  Lines{"log: Failed to install: " + reason});
+        EXPECT_EQ(window->installView()->increment(), 0.0);
+        EXPECT_FALSE(window->installView()->successfulInstall());
+        EXPECT_LT(bar()->doubleValue(), 90.0);
+        EXPECT_EQ(textField("installLabel")->stringValue(), "Installing Ondrel Vexora Lumiq...");
+        EXPECT_EQ(button("closeButton")->title(), "Close");
+        EXPECT_FALSE(window->failView()->isViewLoaded());
+        EXPECT_EQ(platform.processes.launches.size(), 0U);
+        platform.calls.clear();
+        click("closeButton");
+        EXPECT_EQ(platform.calls.lines(), Lines{"exit 0"});
+    }
 };
 
 TEST_F(InstallViewController, closeDuringTheInstallationExitsAtOnceWithoutUnmount) {
@@ -311,21 +329,27 @@ TEST_F(InstallViewController, installLogTakesTheOutputFromItsFirstByte) {
     EXPECT_EQ(platform.files.content(logFile), "LATERer content");
 }
 
-TEST_F(InstallViewController, launchFailureLeavesStartInstallAndNeverShowsTheSuccess) {
+TEST_F(InstallViewController, launchFailureLeavesStartInstall) {
+    const auto screen = idleScreen();
+    platform.processes.refusal = std::errc::no_such_file_or_directory;
+    EXPECT_THROW(screen->startInstall(), std::system_error);
+    EXPECT_EQ(platform.calls.beginningWith("log: "), Lines{});
+}
+
+TEST_F(InstallViewController, launchFailureEndsTheRunWithoutAnOutcome) {
     platform.processes.refusal = std::errc::no_such_file_or_directory;
     openWindow();
     pressStart();
+    platform.backgroundQueue.runNext();
+    expectNoOutcome("Cannot start /usr/bin/nohup: No such file or directory");
+}
 
-    EXPECT_THROW(platform.backgroundQueue.runNext(), std::system_error);
-    platform.time.advance(2.5);
-
-    EXPECT_EQ(platform.calls.beginningWith("log: "),
-              Lines{"log: Failed to launch /usr/bin/nohup: /usr/bin/nohup: No such file or "
-                    "directory"});
-    EXPECT_FALSE(window->failView()->isViewLoaded());
-    EXPECT_FALSE(window->installView()->successfulInstall());
-    EXPECT_EQ(window->installView()->increment(), 1.0);
-    EXPECT_EQ(textField("installLabel")->stringValue(), "Installing Ondrel Vexora Lumiq...");
+TEST_F(InstallViewController, runWithoutAThreadHasNoOutcomeAndTheTextsAreSet) {
+    platform.backgroundQueue.refuses = true;
+    openWindow();
+    pressStart();
+    EXPECT_EQ(platform.backgroundQueue.pending(), 0U);
+    expectNoOutcome("Cannot start a thread: Resource temporarily unavailable");
 }
 
 TEST_F(InstallViewController, missingOutletsAreSkippedInASuccess) {

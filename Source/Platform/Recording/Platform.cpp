@@ -95,7 +95,7 @@ std::unique_ptr<Process> ScriptedLauncher::launch(const std::string& launchPath,
     const auto* file = dynamic_cast<const MemoryHandle*>(output);
     calls_.add(line + (file != nullptr ? " > " + file->path() : ""));
     if (refusal) {
-        throw std::system_error(std::make_error_code(*refusal), launchPath);
+        throw std::system_error(std::make_error_code(*refusal), "Cannot start " + launchPath);
     }
 
     Script script;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace Vexora::Recording {
 
@@ -34,6 +35,10 @@ void ManualMainQueue::after(double seconds, std::function<void()> block) {
 
 void ManualBackgroundQueue::async(std::function<void()> block) {
     calls_.add("backgroundQueue.async");
+    if (refuses) {
+        throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again),
+                                "Cannot start a thread");
+    }
     blocks_.push_back(std::move(block));
 }
 

@@ -78,6 +78,9 @@ public:
     /// \throws std::out_of_range when no block waits.
     void runNext();
 
+    /// Whether there is no thread left for a block.
+    bool refuses = false;
+
 private:
     CallLog& calls_;
     std::deque<std::function<void()>> blocks_;

@@ -68,3 +68,15 @@ TEST_F(Unmount, endsWithStatus0WithoutAHome) {
     EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
     EXPECT_EQ(calls(), "");
 }
+
+TEST_F(Unmount, detachesAndEndsWithStatus0WhereNothingCanBeWrittenToTheLog) {
+    const fs::path logs = home_ / "Library/Logs/Vexora_Lumiq";
+    fs::create_directories(logs);
+    fs::create_symlink("/dev/full", logs / "unmount.log");
+    EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
+    fs::remove(logs / "unmount.log");
+    fs::create_directory(logs / "unmount.log");
+    EXPECT_EQ(runScript("unmount", {"&"}).status, 0);
+    const std::string call = "mount -u " + volume_.string() + "\n";
+    EXPECT_EQ(calls(), call + call);
+}

@@ -1,5 +1,6 @@
 #include "Platform/Posix/FileSystem.h"
 
+#include "AnotherProcess.h"
 #include "SignalTimer.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/WaitFor.h"
@@ -7,7 +8,6 @@
 #include <fcntl.h>
 #include <grp.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -18,6 +18,7 @@
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using TestSupport::holdsInAnotherProcess;
 using TestSupport::SignalTimer;
 using TestSupport::TemporaryFolder;
 using TestSupport::waitFor;
@@ -55,17 +56,6 @@ public:
 private:
     mode_t previous_;
 };
-
-/// Whether the check holds in a process of its own.
-bool holdsInAnotherProcess(const std::function<bool()>& check) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(check() ? 0 : 1);
-    }
-    int status = -1;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    return status == 0;
-}
 
 /// Whether the check holds for a user whom permissions bind, which they do not for root.
 bool holdsForOrdinaryUser(const std::function<bool()>& check) {

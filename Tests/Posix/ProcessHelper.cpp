@@ -4,6 +4,7 @@
 #include "Platform/Posix/Environment.h"
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Posix/ProcessLauncher.h"
+#include "Platform/Posix/Start.h"
 #include "Platform/Posix/SystemLog.h"
 #include "Support/WaitFor.h"
 
@@ -149,6 +150,7 @@ int launchAgain(const std::string& program, const Arguments& arguments) {
 /// Logs a line on an error stream that is closed, and on one that nobody reads any more.
 int logToNobody() {
     ::signal(SIGPIPE, SIG_DFL);
+    Vexora::prepareProcess();
     Vexora::PosixSystemLog log;
     int ends[2];
     if (::pipe(ends) != 0) {

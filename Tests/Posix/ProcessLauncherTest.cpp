@@ -277,11 +277,14 @@ TEST_F(PosixProcessLauncher, noSignalIsBlockedOrIgnored) {
     ::sigaddset(&blocked, SIGTERM);
     ::sigaddset(&blocked, SIGUSR1);
     ::sigprocmask(SIG_BLOCK, &blocked, nullptr);
-    ::signal(SIGINT, SIG_IGN);
-    ::signal(SIGPIPE, SIG_IGN);
+    constexpr int ignored[] = {SIGINT, SIGPIPE, SIGXFSZ};
+    for (const int number : ignored) {
+        ::signal(number, SIG_IGN);
+    }
     EXPECT_EQ(outputOf({"inheritance"}), "input null\ndescriptors 0 1 2\nsignals\n");
-    ::signal(SIGINT, SIG_DFL);
-    ::signal(SIGPIPE, SIG_DFL);
+    for (const int number : ignored) {
+        ::signal(number, SIG_DFL);
+    }
     ::sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
 }
 

@@ -12,6 +12,7 @@
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Posix/ProcessLauncher.h"
 #include "Platform/Posix/Queues.h"
+#include "Platform/Posix/Start.h"
 
 namespace Vexora {
 namespace {
@@ -46,7 +47,10 @@ struct Backend::Parts {
                       systemLog};
 };
 
-Backend::Backend(int /*argc*/, char** /*argv*/) : parts_(std::make_unique<Parts>()) {}
+Backend::Backend(int /*argc*/, char** /*argv*/) {
+    prepareProcess();
+    parts_ = std::make_unique<Parts>();
+}
 
 Backend::~Backend() = default;
 

@@ -9,10 +9,8 @@ namespace Vexora {
 /// Any thread; lines of several threads do not mix.
 class PosixSystemLog final : public SystemLog {
 public:
-    /// Makes this process ignore SIGPIPE: a reader of the lines that went away must not end it.
-    PosixSystemLog();
-
-    /// Writes the line and its end at once. A stream that is closed swallows it.
+    /// Writes the line and its end at once. A stream that is closed swallows it, and in a prepared
+    /// process one whose reader went away.
     void log(const std::string& line) override;
 };
 

@@ -4,6 +4,7 @@
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Posix/ProcessLauncher.h"
 #include "Platform/Posix/Queues.h"
+#include "Platform/Posix/Start.h"
 #include "Platform/Posix/SystemLog.h"
 #include "Platform/Qt/AdministratorScript.h"
 #include "Platform/Qt/Application.h"
@@ -66,7 +67,10 @@ struct Backend::Parts {
                       systemLog};
 };
 
-Backend::Backend(int /*argc*/, char** argv) : parts_(std::make_unique<Parts>(argv)) {}
+Backend::Backend(int /*argc*/, char** argv) {
+    prepareProcess();
+    parts_ = std::make_unique<Parts>(argv);
+}
 
 Backend::~Backend() = default;
 

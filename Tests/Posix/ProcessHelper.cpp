@@ -48,10 +48,14 @@ int writeToBothStreams() {
     return 0;
 }
 
+void leaveNoCoreFile() {
+    const rlimit none{0, 0};
+    ::setrlimit(RLIMIT_CORE, &none);
+}
+
 /// Prints its process number, then sends itself the signal.
 int sendSignal(int signalNumber) {
-    const rlimit noCoreFile{0, 0};
-    ::setrlimit(RLIMIT_CORE, &noCoreFile);
+    leaveNoCoreFile();
     write(STDOUT_FILENO, std::to_string(::getpid()) + '\n');
     if (signalNumber != SIGKILL && signalNumber != SIGSTOP) {
         ::signal(signalNumber, SIG_DFL);
@@ -147,6 +151,27 @@ int launchAgain(const std::string& program, const Arguments& arguments) {
         ->waitUntilExit();
 }
 
+/// terminal SLAVE LOG ARGUMENT...: makes the terminal the one that controls this process, then does
+/// the same as launch.
+int launchInTerminal(const std::string& program, const Arguments& arguments) {
+    leaveNoCoreFile();
+    // Who leads a session already has no terminal yet.
+    ::setsid();
+    if (::open(arguments.at(1).c_str(), O_RDWR) < 0 || ::open("/dev/tty", O_RDWR) < 0) {
+        return 94;
+    }
+    Arguments launch = {"launch", "", "handle"};
+    launch.insert(launch.end(), arguments.begin() + 2, arguments.end());
+    return launchAgain(program, launch);
+}
+
+/// Tells of its session and terminal, then waits for the file.
+int outliveTerminal(const std::string& path) {
+    write(STDOUT_FILENO, ::getsid(0) == ::getpid() ? "own session" : "session of another");
+    write(STDOUT_FILENO, ::open("/dev/tty", O_RDWR) < 0 ? ", no terminal\n" : ", a terminal\n");
+    return waitForFile(path);
+}
+
 /// Logs a line on an error stream that is closed, and on one that nobody reads any more.
 int logToNobody() {
     ::signal(SIGPIPE, SIG_DFL);
@@ -187,6 +212,12 @@ int run(const std::string& program, const Arguments& arguments) {
     }
     if (command == "launch") {
         return launchAgain(program, arguments);
+    }
+    if (command == "terminal") {
+        return launchInTerminal(program, arguments);
+    }
+    if (command == "outlive-terminal") {
+        return outliveTerminal(arguments.at(1));
     }
     if (command == "resource-path") {
         write(STDOUT_FILENO, Vexora::posixResourcePath());

@@ -1,11 +1,13 @@
 #include "Platform/Posix/ProcessLauncher.h"
 
+#include "Platform/Posix/Descriptor.h"
 #include "Platform/Posix/FileSystem.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/WaitFor.h"
 
 #include <fcntl.h>
 #include <signal.h>
+#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,6 +16,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 #include <thread>
 
@@ -286,6 +289,32 @@ TEST_F(PosixProcessLauncher, noSignalIsBlockedOrIgnored) {
         ::signal(number, SIG_DFL);
     }
     ::sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
+}
+
+TEST_F(PosixProcessLauncher, whatEndsUsFromOurTerminalLeavesTheProgramAlone) {
+    const std::pair<int, std::function<void(Vexora::PosixDescriptor&)>> endings[] = {
+        {SIGINT, [](auto& terminal) { EXPECT_TRUE(Vexora::writeAll(terminal.value(), "\x03")); }},
+        {SIGQUIT, [](auto& terminal) { EXPECT_TRUE(Vexora::writeAll(terminal.value(), "\x1C")); }},
+        {SIGHUP, [](auto& terminal) { terminal = {}; }}};
+    for (const auto& [number, end] : endings) {
+        SCOPED_TRACE(::strsignal(number));
+        const std::string name = std::to_string(number);
+        Vexora::PosixDescriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY));
+        if (!terminal.isOpen()) {
+            GTEST_SKIP() << "This system has no pseudo-terminals.";
+        }
+        ASSERT_EQ(::grantpt(terminal.value()), 0);
+        ASSERT_EQ(::unlockpt(terminal.value()), 0);
+        const auto process =
+            start(helper, {"terminal", ::ptsname(terminal.value()), folder.write(name + ".log", ""),
+                           "outlive-terminal", folder.path() / (name + " go on")});
+        const auto told = [&] { return folder.read(name + ".log"); };
+        ASSERT_TRUE(waitFor([&] { return told() == "own session, no terminal\n"; })) << told();
+        end(terminal);
+        EXPECT_EQ(process->waitUntilExit(), number);
+        folder.write(name + " go on", "");
+        EXPECT_TRUE(waitFor([&] { return told() == "own session, no terminal\nfound\n"; }));
+    }
 }
 
 TEST_F(PosixProcessLauncher, theStandardStreamsAreRightAlthoughOursAreClosed) {

@@ -67,13 +67,12 @@ private:
 };
 
 #ifdef __APPLE__
-constexpr short spawnFlags =
-    POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_CLOEXEC_DEFAULT;
+constexpr short closeOthers = POSIX_SPAWN_CLOEXEC_DEFAULT;
 #else
-constexpr short spawnFlags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+constexpr short closeOthers = 0;
 #endif
 
-/// The signals of the new program: none blocked, none ignored.
+/// The signals of the new program: none blocked, none ignored, none from our terminal.
 class Attributes {
 public:
     explicit Attributes(const std::string& program) {
@@ -88,7 +87,8 @@ public:
         // These only store a value and fail for unknown flags alone.
         ::posix_spawnattr_setsigmask(&attributes_, &none);
         ::posix_spawnattr_setsigdefault(&attributes_, &all);
-        ::posix_spawnattr_setflags(&attributes_, spawnFlags);
+        ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF |
+                                                     POSIX_SPAWN_SETSID | closeOthers);
     }
     Attributes(const Attributes&) = delete;
     Attributes& operator=(const Attributes&) = delete;

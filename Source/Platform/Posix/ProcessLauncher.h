@@ -43,7 +43,9 @@ public:
                                     const FileHandle* output) override;
 
     /// The same as launch, with a process that can be waited for. The program starts with no
-    /// signal blocked and none ignored, in our working directory, with our environment.
+    /// signal blocked and none ignored, in our working directory, with our environment. It has a
+    /// session of its own, so that neither closing the terminal that we were started from nor
+    /// Ctrl-C there reaches it.
     ///
     /// \throws std::system_error when the program cannot be started; its text names the program
     /// and the reason.

@@ -1,5 +1,6 @@
 // Files as the application needs them. Paths are UTF-8 byte strings and are never normalised.
-// Any thread; failures are told by what is returned, nothing throws but a lack of memory.
+// Any thread; failures are told by what is returned, nothing throws but a lack of memory. Opening
+// never waits for another program: what is neither file, folder nor device cannot be opened.
 #pragma once
 
 #include <memory>

@@ -1,13 +1,16 @@
 #include "Platform/Posix/FileSystem.h"
 
 #include "AnotherProcess.h"
+#include "Platform/Posix/Descriptor.h"
 #include "SignalTimer.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/WaitFor.h"
 
 #include <fcntl.h>
 #include <grp.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -219,6 +222,36 @@ TEST_F(PosixFileSystem, thereIsNoHandleForWhatCannotBeOpened) {
     EXPECT_FALSE(fs::exists(folder.path() / "missing"));
 }
 
+TEST_F(PosixFileSystem, whatAnotherProgramWouldHaveToAnswerCannotBeOpened) {
+    ASSERT_EQ(::mkfifo(pathOf("fifo").c_str(), 0600), 0);
+    const Vexora::PosixDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    pathOf("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(::bind(socket.value(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
+              0);
+    fs::create_symlink("fifo", folder.path() / "link");
+    // Who waits would do so for ever.
+    ::alarm(60);
+    for (const std::string& path : {pathOf("fifo"), pathOf("socket"), pathOf("link")}) {
+        EXPECT_FALSE(files.createFileAtPath(path)) << path;
+        EXPECT_EQ(files.fileHandleForWritingAtPath(path), nullptr) << path;
+        EXPECT_EQ(files.fileHandleForUpdatingAtPath(path), nullptr) << path;
+        EXPECT_EQ(files.utf16TextOfFile(path), std::nullopt) << path;
+    }
+    ::alarm(0);
+}
+
+TEST_F(PosixFileSystem, filesAndDevicesAreWaitedForOnceTheyAreOpen) {
+    for (const std::string& path :
+         {folder.write("file", "").string(), "/dev/null"s, "/dev/full"s}) {
+        const auto handle = files.fileHandleForUpdatingAtPath(path);
+        ASSERT_NE(handle, nullptr) << path;
+        EXPECT_EQ(::fcntl(handle->fileDescriptor(), F_GETFL) & (O_ACCMODE | O_NONBLOCK), O_RDWR)
+            << path;
+    }
+}
+
 TEST_F(PosixFileSystem, permissionsDecideWhichHandlesThereAre) {
     fs::permissions(folder.path(), fs::perms(0755));
     for (const char* name : {"both", "readOnly", "writeOnly"}) {
@@ -264,12 +297,14 @@ TEST_F(PosixFileSystem, writeErrorsAreSwallowed) {
 }
 
 TEST_F(PosixFileSystem, writesEverythingInSpiteOfSignalsAndShortWrites) {
-    ASSERT_EQ(::mkfifo(pathOf("pipe").c_str(), 0600), 0);
-    const int readEnd = ::open(pathOf("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    ASSERT_GE(readEnd, 0);
-    ASSERT_EQ(::fcntl(readEnd, F_SETFL, 0), 0);
-    auto handle = files.fileHandleForWritingAtPath(pathOf("pipe"));
+    auto handle = files.fileHandleForWritingAtPath(folder.write("file", ""));
     ASSERT_NE(handle, nullptr);
+    // A pipe fills up, which a file does not.
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const int readEnd = ends[0];
+    ASSERT_EQ(::dup2(ends[1], handle->fileDescriptor()), handle->fileDescriptor());
+    ASSERT_EQ(::close(ends[1]), 0);
     std::string sent;
     while (sent.size() < 1000000) {
         sent += std::to_string(sent.size()) + ' ';

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -41,19 +42,27 @@ inline PosixDescriptor duplicateBehindStreams(int descriptor) {
     return PosixDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
 }
 
-/// Opens a file. Holds none, with the reason in errno, when that failed.
+/// Opens a file or a device, without waiting for anybody: a FIFO and a socket cannot be opened. Holds
+/// none, with the reason in errno, when that failed.
 ///
 /// A file that took the place of a closed standard stream would receive what any library prints.
 inline PosixDescriptor openDescriptor(const std::string& path, int flags, mode_t mode = 0) {
     int value = -1;
     do {
-        value = ::open(path.c_str(), flags | O_CLOEXEC, mode);
+        value = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode);
     } while (value < 0 && errno == EINTR);
     PosixDescriptor opened(value);
-    if (opened.isOpen() && value <= STDERR_FILENO) {
-        return duplicateBehindStreams(value);
+    struct stat status = {};
+    if (!opened.isOpen() || ::fstat(value, &status) != 0) {
+        return {};
     }
-    return opened;
+    if (S_ISFIFO(status.st_mode)) {
+        errno = ENXIO;
+        return {};
+    }
+    // Only opening must not wait; reading a device may.
+    ::fcntl(value, F_SETFL, flags);
+    return value <= STDERR_FILENO ? duplicateBehindStreams(value) : std::move(opened);
 }
 
 /// Writes all the bytes; returns whether that worked.

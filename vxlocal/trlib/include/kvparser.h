@@ -46,7 +46,7 @@ public:
     /// after the file was opened (a directory can be opened, for one), the lines read completely
     /// until then are kept, and that is no error.
     /// \throws std::runtime_error "Could not open ", the path and a line feed when the file cannot
-    ///     be opened; the table stays as it was.
+    ///     be opened, as a FIFO and a socket never can; the table stays as it was.
     /// \throws std::bad_alloc when memory runs out; the table stays as it was.
     void parse() override;
 

@@ -18,25 +18,30 @@ namespace {
 
 constexpr std::string_view separator = "\" = \"";
 
-/// An open file, closed with the object.
+/// An open file, closed with the object. Opening it waits for nobody: a FIFO does not open.
 class File {
 public:
     explicit File(const std::string& path)
-        : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+        : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+        if (isOpen()) {
+            fstat(descriptor_, &status_);
+            fcntl(descriptor_, F_SETFL, O_RDONLY);
+        }
+    }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
     ~File() {
-        if (isOpen()) {
+        if (descriptor_ >= 0) {
             close(descriptor_);
         }
     }
 
-    bool isOpen() const { return descriptor_ >= 0; }
+    bool isOpen() const { return descriptor_ >= 0 && !S_ISFIFO(status_.st_mode); }
 
     /// The bytes up to the end of the file, or up to the last line that was complete when reading
     /// failed.
     std::vector<char> readLines() const {
-        std::vector<char> bytes(sizeHint() + 1);
+        std::vector<char> bytes(static_cast<std::size_t>(status_.st_size) + 1);
         std::size_t used = 0;
         for (;;) {
             const ssize_t count = read(descriptor_, bytes.data() + used, bytes.size() - used);
@@ -57,12 +62,9 @@ public:
     }
 
 private:
-    std::size_t sizeHint() const {
-        struct stat status;
-        return fstat(descriptor_, &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
-    }
-
     int descriptor_;
+    /// Nothing where the system does not tell.
+    struct stat status_ = {};
 };
 
 std::string_view trimmed(std::string_view text, char removed) {

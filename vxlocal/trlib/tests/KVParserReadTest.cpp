@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <string>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace VXLOCAL;
@@ -30,6 +31,9 @@ struct Fault {
 
 Fault fault;
 
+/// How the file stood open when it was read last.
+int flags = 0;
+
 } // namespace
 
 extern "C" ssize_t __real_read(int descriptor, void* buffer, size_t size);
@@ -39,6 +43,7 @@ extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size) {
     if (!fault.active) {
         return __real_read(descriptor, buffer, size);
     }
+    flags = fcntl(descriptor, F_GETFL);
     if (fault.bytes == 0 && fault.error != 0) {
         errno = fault.error;
         if (fault.once) {
@@ -106,6 +111,12 @@ TEST_F(KVParserRead, interruptedReadIsTriedAgain) {
     parse({.chunk = 5, .bytes = 10, .error = EINTR, .once = true});
     EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
     EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
+}
+
+TEST_F(KVParserRead, onlyOpeningDoesNotWait) {
+    flags = O_NONBLOCK;
+    parse({.chunk = 4096});
+    EXPECT_EQ(flags & O_NONBLOCK, 0);
 }
 
 TEST_F(KVParserRead, fileIsReadInPiecesOfAnySize) {

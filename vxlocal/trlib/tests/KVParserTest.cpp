@@ -13,6 +13,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using VXLOCAL::Parser;
@@ -169,6 +170,13 @@ TEST_F(KVParser, keyThatIsNotInTheTableComesBackUnchanged) {
 
 TEST_F(KVParser, missingFileThrowsWithItsFullPath) {
     EXPECT_EQ(parseError(), "Could not open " + folder_.path().string() + "/" + filename + "\n");
+}
+
+TEST_F(KVParser, fifoThrowsAndIsNotWaitedFor) {
+    ASSERT_EQ(mkfifo(path().c_str(), 0600), 0);
+    alarm(60); // Who waits would do so for ever.
+    EXPECT_EQ(parseError(), "Could not open " + path() + "\n");
+    alarm(0);
 }
 
 TEST_F(KVParser, unreadableFileThrowsAndKeepsTheTable) {

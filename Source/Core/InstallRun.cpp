@@ -1,5 +1,7 @@
 #include "Core/InstallRun.h"
 
+#include "Core/FailureCatalogue.h"
+
 namespace Vexora {
 
 std::vector<std::string> installArguments(const std::string& resourcePath) {
@@ -63,6 +65,10 @@ void InstallRun::decide(std::int32_t status) {
     if (status == 0) {
         model_.finish();
     } else if (status != 1) {
+        if (failureMessageForStatus(status).identifier == nullptr) {
+            // The failure screen will not tell.
+            platform_.systemLog.log("install ended with status " + std::to_string(status));
+        }
         post(status);
     } else {
         model_.freeze();

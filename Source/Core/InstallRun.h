@@ -40,7 +40,8 @@ public:
                std::string logFilePath, std::function<bool()> rerun,
                std::function<void(std::int32_t)> reportFailure);
 
-    /// Runs the installation to its outcome. Not on the main thread.
+    /// Runs the installation to its outcome. A failing status without a message of its own goes to the
+    /// system log too. Not on the main thread.
     /// \throws std::exception what the launcher throws when nohup cannot be started; no outcome is
     ///     posted then.
     void startInstall();

@@ -127,6 +127,22 @@ TEST_F(InstallRun, anyOtherStatusIsPostedOnceAsItIs) {
     EXPECT_EQ(platform.administratorScript.sources, Lines{});
 }
 
+TEST_F(InstallRun, statusIsToldToTheSystemLogWhereItHasNoMessage) {
+    platform.administratorScript.succeeds = false;
+    for (const std::int32_t status : {0, 5, 10, 20, 30, 40, 50}) {
+        install({.polls = 0, .status = status});
+    }
+    EXPECT_EQ(platform.calls.beginningWith("log: "), Lines{});
+    for (const std::int32_t status : {1, 2, 9, 15, 127, 255, -1}) {
+        install({.polls = 0, .status = status});
+    }
+    EXPECT_EQ(platform.calls.beginningWith("log: "),
+              (Lines{"log: Upgrade system-wide failed", "log: install ended with status 2",
+                     "log: install ended with status 9", "log: install ended with status 15",
+                     "log: install ended with status 127", "log: install ended with status 255",
+                     "log: install ended with status -1"}));
+}
+
 TEST_F(InstallRun, failureAfterTheFreezeKeepsTheBarFrozen) {
     bar.incrementBy(95.0);
     install({.polls = 1, .status = 20});

@@ -21,21 +21,21 @@ std::string localeDirectory(const std::string& resourcePath, const std::string& 
     return resourcePath + "/" + language + ".lproj";
 }
 
-void loadTranslations(const std::string& language, const std::string& directory) {
-    // The translator owns the parser from here on, whether or not its file can be loaded.
-    VXLOCAL::Translator::getInstance()->init(new VXLOCAL::KVParser(stringsFileName), language,
-                                             directory, stringsFileName);
+bool loadTranslations(const std::string& language, const std::string& directory) {
+    auto* const catalogue = new VXLOCAL::KVParser(stringsFileName);
+    // The translator owns it from here on, whether or not its file can be loaded.
+    VXLOCAL::Translator::getInstance()->init(catalogue, language, directory, stringsFileName);
+    return !catalogue->isEmpty();
 }
 
 std::optional<std::string>
 initializeTranslator(Environment& environment, const std::function<void(const std::string&)>& log,
-                     const std::function<void(const std::string&, const std::string&)>& load) {
+                     const std::function<bool(const std::string&, const std::string&)>& load) {
     const std::string resourcePath = environment.resourcePath();
     std::string language = languageCode(environment.localeIdentifier());
     const std::string directory = localeDirectory(resourcePath, language);
     try {
-        load(language, directory);
-        return language;
+        return load(language, directory) ? std::optional(language) : std::nullopt;
     } catch (const std::exception& error) {
         log(error.what());
         return std::nullopt;

@@ -21,8 +21,8 @@ std::string languageCode(const std::string& localeIdentifier);
 std::string localeDirectory(const std::string& resourcePath, const std::string& language);
 
 /// Hands the translator the translations of a language, which lie in the folder `directory`.
-/// \throws a standard exception when they cannot be loaded.
-void loadTranslations(const std::string& language, const std::string& directory);
+/// \return whether there is any. \throws a standard exception when they cannot be loaded.
+bool loadTranslations(const std::string& language, const std::string& directory);
 
 /// Has `load` take the translations of the current locale's language from their folder. When it
 /// throws a standard exception, the texts stay English and `log` gets the reason. \return the code
@@ -30,6 +30,6 @@ void loadTranslations(const std::string& language, const std::string& directory)
 /// \throws what the environment or `log` throws, std::bad_alloc, and what is no standard exception.
 std::optional<std::string> initializeTranslator(
     Environment& environment, const std::function<void(const std::string&)>& log,
-    const std::function<void(const std::string&, const std::string&)>& load = loadTranslations);
+    const std::function<bool(const std::string&, const std::string&)>& load = loadTranslations);
 
 } // namespace Vexora

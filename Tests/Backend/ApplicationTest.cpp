@@ -75,6 +75,14 @@ TEST_F(Application, staysLeftToRightWithoutTheLanguagesTexts) {
     EXPECT_FALSE(frontEnd.fromRight());
 }
 
+TEST_F(Application, staysLeftToRightWithAStringsFileThatYieldsNoEntry) {
+    home.write("ar.lproj/Localizable.strings", "\"Start\" : \"x\"\n");
+    environment.resources = home.path();
+    useLanguage("ar");
+    openWindow();
+    EXPECT_FALSE(frontEnd.fromRight());
+}
+
 TEST_F(Application, opensWithoutAResourceDirectory) {
     environment.resources = "/missing";
     openWindow();

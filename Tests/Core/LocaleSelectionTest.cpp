@@ -36,7 +36,8 @@ protected:
     template <class Exception>
     std::optional<std::string> initializeThrowing(Exception thrown) {
         return Vexora::initializeTranslator(
-            environment, log, [&thrown](const std::string&, const std::string&) { throw thrown; });
+            environment, log,
+            [&thrown](const std::string&, const std::string&) -> bool { throw thrown; });
     }
 
     void addLanguage(const std::string& folder, const std::string& start) {
@@ -84,6 +85,17 @@ TEST_F(LocaleSelection, unreadableTranslationsAreLoggedAsOneTextAndTheTextsStayE
     EXPECT_EQ(logged,
               Lines{"Could not open " + environment.resources + "/fr.lproj/Localizable.strings\n"});
     EXPECT_EQ(translator().tr("Installation completed!"), "Installation completed!");
+}
+
+TEST_F(LocaleSelection, fileWithoutAnEntryLeavesTheTextsEnglishAndIsNotLogged) {
+    for (const char* bytes : {"", "\n", "\"Start\" : \"x\"\n", "\"Start\" = \"\"\n", "\xFF\xFE"}) {
+        resources.write("ar.lproj/Localizable.strings", bytes);
+        EXPECT_EQ(initialize("ar_EG"), std::nullopt) << bytes;
+    }
+    std::filesystem::create_directories(resources.path() / "he.lproj/Localizable.strings");
+    EXPECT_EQ(initialize("he_IL"), std::nullopt);
+    EXPECT_EQ(translator().tr("Start"), "Start");
+    EXPECT_EQ(logged, Lines{});
 }
 
 TEST_F(LocaleSelection, noOtherLanguageIsTriedAndNoneRemains) {

@@ -33,7 +33,7 @@ protected:
         TestSupport::forgetTranslations();
         platform.environment.resources = resources.path().string();
         platform.files.addFolder("/Users/ann");
-        addLanguage("en", {});
+        addLanguage("en", {{"Start", "Start"}});
     }
     ~ScreenFixture() override { TestSupport::forgetTranslations(); }
 

@@ -170,6 +170,13 @@ TEST_F(ViewController, layoutKeepsTheDirectionOfEnglishWhenTheLanguageIsNotLoade
     EXPECT_EQ(platform.calls.beginningWith("setLanguage"), Lines{});
 }
 
+TEST_F(ViewController, layoutKeepsTheDirectionOfEnglishWhenTheLanguageHasNoTexts) {
+    addLanguage("ar", {});
+    platform.environment.locale = "ar_EG";
+    openWindow();
+    EXPECT_EQ(platform.calls.beginningWith("setLanguage"), Lines{});
+}
+
 TEST_F(ViewController, retranslatingInitialisesTheTranslatorAnew) {
     openWindow();
     addLanguage("en", {{"Ondrel Vexora Lumiq Setup", "Changed"}});

@@ -56,6 +56,9 @@ public:
     /// \return the value with its escapes interpreted, or the key exactly as passed.
     std::string getMessage(const std::string& key) const override;
 
+    /// Whether the table has no entry.
+    bool isEmpty() const { return messages.empty(); }
+
 private:
     /// Key and value as written in the file; both point into `bytes_`.
     struct Entry {

@@ -210,6 +210,9 @@ TEST_F(KVParser, fileIsClosedWhenItIsRead) {
 TEST_F(KVParser, tableIsEmptyBeforeTheFirstParse) {
     folder_.write(filename, "\"Install\" = \"Installieren\"\n");
     EXPECT_EQ(message("Install"), "Install");
+    EXPECT_TRUE(parser_.isEmpty());
+    parser_.parse();
+    EXPECT_FALSE(parser_.isEmpty());
 }
 
 TEST_F(KVParser, secondParseMergesIntoTheTable) {

@@ -11,7 +11,8 @@ namespace Vexora {
 
 class Backend {
 public:
-    /// Connects to the desktop. Without one the process ends with the toolkit's message.
+    /// Connects to the desktop. Without one the process ends with the toolkit's message, and with
+    /// one and status 1 where the system does not tell where the program is.
     /// \param argc how many arguments the program has, its name included.
     /// \param argv the arguments, of which the backend takes the name alone: the program has no
     /// options. They outlive the backend.

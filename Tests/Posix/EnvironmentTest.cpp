@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <system_error>
 
 namespace fs = std::filesystem;
 using TestSupport::TemporaryFolder;
@@ -143,6 +144,24 @@ TEST(PosixEnvironment, resourcesLieBesideTheExecutable) {
 
 TEST(PosixEnvironment, resourcesOfAnExecutableInTheRootFolder) {
     EXPECT_EQ(Vexora::resourcePathBeside("/setup"), "/Resources");
+}
+
+TEST(PosixEnvironment, tellsWhyThereIsNoExecutable) {
+    const TemporaryFolder folder;
+    const std::pair<std::string, std::string> reasons[] = {
+        {folder.path() / "missing", "No such file or directory"},
+        {folder.path() / std::string(300, 'x'), "File name too long"},
+        {folder.write("file", ""), "Invalid argument"}};
+    for (const auto& [link, reason] : reasons) {
+        try {
+            const std::string found = Vexora::executableBehind(link);
+            ADD_FAILURE() << found;
+        } catch (const std::system_error& error) {
+            EXPECT_EQ(error.what(), "Cannot find the executable: " + reason);
+        }
+    }
+    fs::create_symlink("/opt/" + std::string(4000, 'x'), folder.path() / "long");
+    EXPECT_EQ(Vexora::executableBehind(folder.path() / "long").size(), 4005U);
 }
 
 TEST(PosixEnvironment, resourcesAreFoundThroughTheRealPath) {

@@ -1,4 +1,5 @@
 #include "AnotherProcess.h"
+#include "Platform/Posix/Environment.h"
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Posix/Start.h"
 #include "Support/TemporaryFolder.h"
@@ -72,4 +73,16 @@ TEST(PreparedProcess, aLimitOfFileSizesIsAnErrorOfTheWrite) {
         return errno == EFBIG;
     }));
     EXPECT_EQ(folder.read("log"), "1234");
+}
+
+TEST(NeededForStart, whatIsFoundIsGiven) {
+    EXPECT_EQ(Vexora::neededForStart([] { return std::string("/opt/Resources"); }),
+              "/opt/Resources");
+}
+
+TEST(NeededForStartDeathTest, anErrorIsToldAndEndsTheProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(Vexora::neededForStart([] { return Vexora::executableBehind("/missing/link"); }),
+                testing::ExitedWithCode(1),
+                "^Cannot find the executable: No such file or directory\n$");
 }

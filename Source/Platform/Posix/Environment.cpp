@@ -56,19 +56,23 @@ std::string executablePath() {
 #else
 
 std::string executablePath() {
+    return executableBehind("/proc/self/exe");
+}
+
+#endif
+
+} // namespace
+
+std::string executableBehind(const std::string& link) {
     // The system gives paths of at most this length.
     std::string path(4096, '\0');
-    const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
     if (length < 0) {
         throw std::system_error(errno, std::generic_category(), "Cannot find the executable");
     }
     path.resize(static_cast<std::size_t>(length));
     return path;
 }
-
-#endif
-
-} // namespace
 
 std::string posixHomeDirectory() {
     std::string home = environmentValue("HOME");

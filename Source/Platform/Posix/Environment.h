@@ -15,6 +15,10 @@ std::string posixHomeDirectory();
 /// modifier. "C", "POSIX" and none of them count as "en_US".
 std::string posixLocaleIdentifier();
 
+/// Where the system's link to an executable leads. \throws std::system_error when the system does not
+/// tell, for the path is too long, for example.
+std::string executableBehind(const std::string& link);
+
 /// The folder "Resources" beside the given executable, whose path is absolute and free of symbolic
 /// links.
 std::string resourcePathBeside(const std::string& executablePath);

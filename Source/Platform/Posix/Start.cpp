@@ -1,9 +1,13 @@
 #include "Platform/Posix/Start.h"
 
+#include "Platform/Posix/Descriptor.h"
+
 #include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <exception>
 #include <initializer_list>
 
 namespace Vexora {
@@ -17,6 +21,15 @@ void prepareProcess() {
     }
     ::signal(SIGPIPE, SIG_IGN);
     ::signal(SIGXFSZ, SIG_IGN);
+}
+
+std::string neededForStart(const std::function<std::string()>& find) {
+    try {
+        return find();
+    } catch (const std::exception& error) {
+        writeAll(STDERR_FILENO, std::string(error.what()) + '\n');
+        std::exit(1);
+    }
 }
 
 } // namespace Vexora

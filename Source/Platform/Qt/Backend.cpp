@@ -47,7 +47,7 @@ struct Desktop {
 
 struct Backend::Parts {
     explicit Parts(char** argv)
-        : desktop(argv, toQString(environment.resourcePath())), interfaces(environment),
+        : desktop(argv, toQString(neededForStart(posixResourcePath))), interfaces(environment),
           administratorScript(processes, files) {}
 
     PosixEnvironment environment;

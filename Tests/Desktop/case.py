@@ -43,7 +43,7 @@ class DesktopTestCase(unittest.TestCase):
         return installer
 
     def assert_ends_well(self, installer, action):
-        """Does what ends the program, and checks that it ends soon and with status 0."""
+        """Does what ends the program, and checks that it ends, with status 0."""
         start = time.monotonic()
         status = installer.wait_exit(action)
         print(f"{self.id()}: ended after {(time.monotonic() - start) * 1000:.0f} ms")

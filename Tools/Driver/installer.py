@@ -3,6 +3,7 @@ controls in the accessibility tree."""
 
 import re
 import shutil
+import time
 from pathlib import Path
 
 import pyatspi
@@ -148,6 +149,12 @@ class Installer:
         wait_until(lambda: f"progress {value} but {self.progress()}",
                    lambda: self.progress() >= value, 60)
 
+    def wait_rest(self):
+        """Waits until the progress bar, which moves twice a second at least, has come to rest."""
+        seen = {}
+        wait_until("the bar's rest", lambda:
+                   time.monotonic() > seen.setdefault(self.progress(), time.monotonic()) + 2)
+
     def focused(self):
         """The name of the control that takes the keys, or nothing."""
         for control in self.controls():
@@ -179,13 +186,13 @@ class Installer:
         """Whether the program has not ended."""
         return self.process.poll() is None
 
-    def wait_exit(self, action, deadline=2.0):
+    def wait_exit(self, action):
         """Does what ends the program, and returns the status with which it ends."""
         try:
             action()
         except GLib.Error:
             pass  # The program left before it answered the press.
-        wait_until("the end of the program", lambda: not self.is_running(), deadline)
+        wait_until("the end of the program", lambda: not self.is_running())
         return self.process.returncode
 
     def _find_window(self):

@@ -83,6 +83,16 @@ TEST_F(Application, staysLeftToRightWithAStringsFileThatYieldsNoEntry) {
     EXPECT_FALSE(frontEnd.fromRight());
 }
 
+TEST_F(Application, showsItsPicturesFromAFolderWhoseNameIsNoUtf8) {
+    environment.resources = home.path() / "\xff";
+    std::filesystem::copy(STAGED_RESOURCES, environment.resources,
+                          std::filesystem::copy_options::recursive);
+    enter(State::Failure);
+    for (const char* name : {"lumiqLogo", "closeIcon"}) {
+        EXPECT_GT(picture(name).colors(), 20U) << name;
+    }
+}
+
 TEST_F(Application, opensWithoutAResourceDirectory) {
     environment.resources = "/missing";
     openWindow();

@@ -12,6 +12,9 @@ namespace Vexora {
 /// UTF-8 to the toolkit's text; bytes that are no UTF-8 become replacement characters.
 Strong<NSString> toNSString(const std::string& text);
 
+/// The bytes of a file, also where the path is no UTF-8; null when it cannot be read.
+NSData* dataOfFile(const std::string& path);
+
 /// The toolkit's text to UTF-8; null is the empty text.
 std::string toUtf8(NSString* text);
 

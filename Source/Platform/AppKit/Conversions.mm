@@ -1,5 +1,7 @@
 #include "Platform/AppKit/Conversions.h"
 
+#include "Platform/Posix/FileSystem.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -48,6 +50,11 @@ NSFont* systemFont(double size, bool semibold) {
 Strong<NSString> toNSString(const std::string& text) {
     const Strong<NSString> whole = decoded(text);
     return whole.get() != nil ? whole : decodedWithReplacements(text);
+}
+
+NSData* dataOfFile(const std::string& path) {
+    const std::optional<std::string> content = contentOfFile(path);
+    return content ? [NSData dataWithBytes:content->data() length:content->size()] : nil;
 }
 
 std::string toUtf8(NSString* text) {

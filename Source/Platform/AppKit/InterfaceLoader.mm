@@ -11,8 +11,8 @@ namespace Vexora {
 namespace {
 
 /// The definition at that path; null when there is none that can be read.
-NSDictionary* definitionAt(NSString* path) {
-    NSData* data = [NSData dataWithContentsOfFile:path];
+NSDictionary* definitionAt(const std::string& path) {
+    NSData* data = dataOfFile(path);
     id definition =
         data == nil ? nil : [NSJSONSerialization JSONObjectWithData:data options:0 error:nullptr];
     return [definition isKindOfClass:[NSDictionary class]] ? definition : nil;
@@ -91,7 +91,7 @@ Strong<NSView> makeButton(NSDictionary* control) {
     return button;
 }
 
-Strong<NSView> makePicture(NSDictionary* control, NSString* folder) {
+Strong<NSView> makePicture(NSDictionary* control, const std::string& folder) {
     const auto made = adopt<VexoraPicture>([[VexoraPicture alloc] initWithFrame:frameOf(control)]);
     VexoraPicture* const picture = made.get();
     picture->imageName = text(control, @"imageName");
@@ -113,7 +113,7 @@ Strong<NSView> makeScrollView(NSDictionary* control) {
 }
 
 /// The control that a definition describes; null for a class that no definition may name.
-Strong<NSView> makeControl(NSDictionary* control, NSString* folder) {
+Strong<NSView> makeControl(NSDictionary* control, const std::string& folder) {
     NSString* const kind = text(control, @"class");
     if ([kind isEqualToString:@"NSTextField"]) {
         return makeLabel(control);
@@ -150,7 +150,7 @@ std::vector<NSDictionary*> controlsOf(NSDictionary* definition) {
 }
 
 /// Fills a pane with the controls of its definition. Returns them by their names.
-NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, NSString* folder) {
+NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, const std::string& folder) {
     NSMutableDictionary* const named = [NSMutableDictionary dictionary];
     const std::vector<NSDictionary*> controls = controlsOf(definition);
     for (NSDictionary* control : controls) {
@@ -179,9 +179,8 @@ NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, NSString* folder
 } // namespace
 
 Interface AppKitInterfaceLoader::load(const std::string& name) {
-    const Strong<NSString> folder = toNSString(environment_.resourcePath());
-    NSDictionary* const definition = definitionAt(
-        [NSString stringWithFormat:@"%@/Interface/%s.json", folder.get(), name.c_str()]);
+    const std::string folder = environment_.resourcePath();
+    NSDictionary* const definition = definitionAt(folder + "/Interface/" + name + ".json");
     const auto pane = adopt<VexoraPane>([[VexoraPane alloc] initWithFrame:frameOf(definition)]);
     NSDictionary* const named = setUp(pane, definition, folder);
 

@@ -4,6 +4,8 @@
 
 #include "Platform/AppKit/Compatibility.h"
 
+#include <string>
+
 @interface VexoraPicture : NSImageView {
 @public
     /// The picture's name without scale and ending.
@@ -11,6 +13,6 @@
 }
 
 /// Shows the picture `<imageName>.png` of that folder, and `<imageName>@2x.png` on a dense screen.
-- (void)loadFrom:(NSString*)folder;
+- (void)loadFrom:(const std::string&)folder;
 
 @end

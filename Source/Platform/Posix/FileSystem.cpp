@@ -33,25 +33,6 @@ std::unique_ptr<FileHandle> openHandle(const std::string& path, int accessMode) 
     return descriptor.isOpen() ? std::make_unique<PosixFileHandle>(std::move(descriptor)) : nullptr;
 }
 
-std::optional<std::string> contentOfFile(const std::string& path) {
-    const PosixDescriptor descriptor = openDescriptor(path, O_RDONLY);
-    if (!descriptor.isOpen()) {
-        return std::nullopt;
-    }
-    std::string content;
-    std::array<char, 65536> chunk;
-    while (true) {
-        const ssize_t count = ::read(descriptor.value(), chunk.data(), chunk.size());
-        if (count > 0) {
-            content.append(chunk.data(), static_cast<std::size_t>(count));
-        } else if (count == 0) {
-            return content;
-        } else if (errno != EINTR) {
-            return std::nullopt;
-        }
-    }
-}
-
 /// Converts what follows the byte-order mark of `content`.
 std::optional<std::string> utf8FromMarkedUtf16(std::string& content, const char* encoding) {
     const iconv_t converter = ::iconv_open("UTF-8", encoding);
@@ -75,6 +56,25 @@ std::optional<std::string> utf8FromMarkedUtf16(std::string& content, const char*
 }
 
 } // namespace
+
+std::optional<std::string> contentOfFile(const std::string& path) {
+    const PosixDescriptor descriptor = openDescriptor(path, O_RDONLY);
+    if (!descriptor.isOpen()) {
+        return std::nullopt;
+    }
+    std::string content;
+    std::array<char, 65536> chunk;
+    while (true) {
+        const ssize_t count = ::read(descriptor.value(), chunk.data(), chunk.size());
+        if (count > 0) {
+            content.append(chunk.data(), static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            return content;
+        } else if (errno != EINTR) {
+            return std::nullopt;
+        }
+    }
+}
 
 bool PosixFileSystem::fileExistsAtPath(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;

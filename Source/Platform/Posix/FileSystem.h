@@ -6,6 +6,9 @@
 
 namespace Vexora {
 
+/// All bytes of a file; nothing when it cannot be read. Any thread.
+std::optional<std::string> contentOfFile(const std::string& path);
+
 /// Any thread.
 class PosixFileSystem final : public FileSystem {
 public:

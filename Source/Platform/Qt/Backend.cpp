@@ -24,17 +24,17 @@ namespace {
 
 /// The desktop as the program shows itself on it.
 struct Desktop {
-    Desktop(char** argv, const QString& resources) : toolkit(argumentCount, argv) {
+    Desktop(char** argv, const std::string& resources) : toolkit(argumentCount, argv) {
         QApplication::setStyle(new PaperStyle);
         QApplication::setPalette(PaperStyle::paperPalette());
         QApplication::setDesktopFileName("vexora-one-click-installer");
         QIcon icon;
         for (const int size : {32, 64}) {
-            icon.addPixmap(
-                readPicture(resources + QString("/vexora-one-click-installer-%1.png").arg(size)));
+            icon.addPixmap(readPicture(resources + "/vexora-one-click-installer-" +
+                                       std::to_string(size) + ".png"));
         }
         QApplication::setWindowIcon(icon);
-        loadFonts(resources + "/Fonts");
+        loadFonts(toQString(resources + "/Fonts"));
         installTextLabelAccessibility();
     }
 
@@ -47,7 +47,7 @@ struct Desktop {
 
 struct Backend::Parts {
     explicit Parts(char** argv)
-        : desktop(argv, toQString(neededForStart(posixResourcePath))), interfaces(environment),
+        : desktop(argv, neededForStart(posixResourcePath)), interfaces(environment),
           administratorScript(processes, files) {}
 
     PosixEnvironment environment;

@@ -1,6 +1,5 @@
 #include "Platform/Qt/InterfaceLoader.h"
 
-#include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Picture.h"
 #include "Platform/Qt/Views.h"
 #include "ui_FailViewController.h"
@@ -47,7 +46,7 @@ Interface QtInterfaceLoader::load(const std::string& name) {
         policy.setRetainSizeWhenHidden(true);
         widget->setSizePolicy(policy);
         if (auto* picture = qobject_cast<Picture*>(widget)) {
-            picture->loadFrom(toQString(environment_.resourcePath()));
+            picture->loadFrom(environment_.resourcePath());
         }
         loaded.view->addSubview(view);
         loaded.outlets.emplace(widget->objectName().toStdString(), view);

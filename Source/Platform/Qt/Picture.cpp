@@ -1,23 +1,29 @@
 #include "Platform/Qt/Picture.h"
 
-#include <QFile>
+#include "Platform/Posix/FileSystem.h"
+
+#include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
 
 namespace Vexora {
 
-QPixmap readPicture(const QString& path) {
-    if (!QFile::exists(path)) {
+QPixmap readPicture(const std::string& path) {
+    // The toolkit opens no path that is no UTF-8.
+    const std::optional<std::string> content = contentOfFile(path);
+    if (!content) {
         return {};
     }
+    QByteArray bytes = QByteArray::fromStdString(*content);
+    QBuffer device(&bytes);
     // Naming the format keeps the toolkit from trying every plugin it finds.
-    QImageReader reader(path, "png");
+    QImageReader reader(&device, "png");
     reader.setAutoDetectImageFormat(false);
     return QPixmap::fromImageReader(&reader);
 }
 
-void Picture::loadFrom(const QString& folder) {
-    path_ = folder + '/' + property("imageName").toString();
+void Picture::loadFrom(const std::string& folder) {
+    path_ = folder + '/' + property("imageName").toString().toStdString();
     pixmap_ = {};
     update();
 }

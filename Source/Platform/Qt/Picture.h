@@ -5,10 +5,12 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <string>
+
 namespace Vexora {
 
 /// Reads a PNG file; null when it is missing or broken.
-QPixmap readPicture(const QString& path);
+QPixmap readPicture(const std::string& path);
 
 class Picture : public QWidget {
     Q_OBJECT
@@ -18,13 +20,13 @@ public:
 
     /// Shows the picture `<imageName>.png` of that folder, or `<imageName>@2x.png` while the
     /// window is on a dense screen.
-    void loadFrom(const QString& folder);
+    void loadFrom(const std::string& folder);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString path_;
+    std::string path_;
     QPixmap pixmap_;
     bool dense_ = false;
 };

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -272,6 +273,25 @@ TEST_F(PosixProcessLauncher, inputIsEmptyAndNoOtherDescriptorIsInherited) {
     for (const int descriptor : opened) {
         EXPECT_EQ(::close(descriptor), 0);
     }
+}
+
+TEST_F(PosixProcessLauncher, theEnvironmentIsTheGivenOneOrOurs) {
+    const std::string program = "/usr/bin/env";
+    const auto variablesOf = [&](const Arguments* given) {
+        folder.write("install.log", "");
+        const auto handle = files.fileHandleForUpdatingAtPath(logPath);
+        launcher.launchProcess(program, {}, handle.get(), given)->waitUntilExit();
+        return log();
+    };
+    ::setenv("VEXORA_TEST", "ours", 1);
+    EXPECT_NE(variablesOf(nullptr).find("VEXORA_TEST=ours\n"), std::string::npos);
+    const Arguments given = {"A=1", "B=not so short that a copy of it would be in place \xFF"};
+    EXPECT_EQ(variablesOf(&given), given[0] + "\n" + given[1] + "\n");
+    const Arguments none;
+    EXPECT_EQ(variablesOf(&none), "");
+    ::unsetenv("VEXORA_TEST");
+    const Arguments cut = {std::string("A=\0B", 4)};
+    EXPECT_THROW(launcher.launchProcess(program, {}, nullptr, &cut), std::system_error);
 }
 
 TEST_F(PosixProcessLauncher, noSignalIsBlockedOrIgnored) {

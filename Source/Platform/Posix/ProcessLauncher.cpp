@@ -101,15 +101,14 @@ private:
 };
 
 /// The null-terminated vector that the system takes; it points into the given strings.
-std::vector<char*> argumentVector(const std::string& launchPath,
-                                  const std::vector<std::string>& arguments) {
+std::vector<char*> nullTerminated(const std::vector<std::string>& strings,
+                                  const std::string& program) {
     std::vector<char*> vector;
-    vector.reserve(arguments.size() + 2);
-    vector.push_back(const_cast<char*>(launchPath.c_str()));
-    for (const std::string& argument : arguments) {
-        // The system would cut the argument at a zero byte.
-        check(argument.find('\0') == std::string::npos ? 0 : EINVAL, launchPath);
-        vector.push_back(const_cast<char*>(argument.c_str()));
+    vector.reserve(strings.size() + 1);
+    for (const std::string& string : strings) {
+        // The system would cut the string at a zero byte.
+        check(string.find('\0') == std::string::npos ? 0 : EINVAL, program);
+        vector.push_back(const_cast<char*>(string.c_str()));
     }
     vector.push_back(nullptr);
     return vector;
@@ -162,11 +161,15 @@ std::unique_ptr<Process> PosixProcessLauncher::launch(const std::string& launchP
     return launchProcess(launchPath, arguments, output);
 }
 
-std::unique_ptr<PosixProcess>
-PosixProcessLauncher::launchProcess(const std::string& launchPath,
-                                    const std::vector<std::string>& arguments,
-                                    const FileHandle* output) {
-    const std::vector<char*> vector = argumentVector(launchPath, arguments);
+std::unique_ptr<PosixProcess> PosixProcessLauncher::launchProcess(
+    const std::string& launchPath, const std::vector<std::string>& arguments,
+    const FileHandle* output, const std::vector<std::string>* environment) {
+    std::vector<char*> vector = nullTerminated(arguments, launchPath);
+    vector.insert(vector.begin(), const_cast<char*>(launchPath.c_str()));
+    std::vector<char*> variables;
+    if (environment != nullptr) {
+        variables = nullTerminated(*environment, launchPath);
+    }
     // Behind the standard streams no step below can overwrite the descriptor that a later one
     // needs.
     PosixDescriptor descriptor;
@@ -179,7 +182,7 @@ PosixProcessLauncher::launchProcess(const std::string& launchPath,
     const Attributes attributes(launchPath);
     pid_t identifier = 0;
     check(::posix_spawn(&identifier, launchPath.c_str(), actions.get(), attributes.get(),
-                        vector.data(), environ),
+                        vector.data(), environment != nullptr ? variables.data() : environ),
           launchPath);
     return std::make_unique<PosixProcess>(identifier);
 }

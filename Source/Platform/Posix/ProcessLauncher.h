@@ -43,15 +43,15 @@ public:
                                     const FileHandle* output) override;
 
     /// The same as launch, with a process that can be waited for. The program starts with no
-    /// signal blocked and none ignored, in our working directory, with our environment. It has a
-    /// session of its own, so that neither closing the terminal that we were started from nor
-    /// Ctrl-C there reaches it.
+    /// signal blocked and none ignored, in our working directory. It has a session of its own, so that
+    /// neither closing the terminal that we were started from nor Ctrl-C there reaches it.
     ///
+    /// \param environment all its variables, each as NAME=VALUE; null passes ours on.
     /// \throws std::system_error when the program cannot be started; its text names the program
     /// and the reason.
-    std::unique_ptr<PosixProcess> launchProcess(const std::string& launchPath,
-                                                const std::vector<std::string>& arguments,
-                                                const FileHandle* output);
+    std::unique_ptr<PosixProcess>
+    launchProcess(const std::string& launchPath, const std::vector<std::string>& arguments,
+                  const FileHandle* output, const std::vector<std::string>* environment = nullptr);
 };
 
 } // namespace Vexora

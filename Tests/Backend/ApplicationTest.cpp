@@ -1,5 +1,12 @@
 #include "Backend/Fixture.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
 namespace BackendTest {
 
 class Application : public Fixture {
@@ -104,6 +111,24 @@ TEST_F(Application, opensWithoutAResourceDirectory) {
     EXPECT_TRUE(application.exits.empty());
     frontEnd.close();
     EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Application, waitsForNobodyToWriteAPicture) {
+    const TestSupport::TemporaryFolder resources;
+    fs::copy(environment.resources, resources.path(), fs::copy_options::recursive);
+    int pictures = 0;
+    for (const auto& entry : fs::directory_iterator(resources.path())) {
+        if (entry.path().extension() == ".png") {
+            fs::remove(entry.path());
+            ASSERT_EQ(::mkfifo(entry.path().c_str(), 0600), 0);
+            ++pictures;
+        }
+    }
+    ASSERT_GT(pictures, 0);
+    environment.resources = resources.path();
+    ::alarm(60);
+    enter(State::Failure);
+    ::alarm(0);
 }
 
 } // namespace BackendTest

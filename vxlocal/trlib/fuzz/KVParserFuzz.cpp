@@ -1,33 +1,21 @@
-// Feeds arbitrary bytes to the strings-file parser as one or two files, and compares what it finds
+// Feeds arbitrary bytes to the strings-file parser as one file after the other, and compares what it finds
 // with a straightforward model of the format: a map, and the lines cut with TRTools.
 #include "kvparser.h"
+
+#include "Fuzzing.h"
 #include "trtools.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 using namespace VXLOCAL;
+using Fuzzing::require;
 
 namespace {
 
 using Model = std::map<std::string, std::string>;
-
-void require(bool condition, const char* what, const std::string& key) {
-    if (!condition) {
-        std::cerr << what << ", key: " << key << '\n';
-        std::abort();
-    }
-}
 
 /// Reads a strings file's bytes into the model, one line at a time.
 void readInto(Model& model, const std::string& bytes) {
@@ -43,20 +31,6 @@ void readInto(Model& model, const std::string& bytes) {
             model[key] = value;
         }
     }
-}
-
-/// Has the catalogue read a file in memory that holds these bytes.
-void parse(KVParser& parser, std::string_view bytes) {
-    const int descriptor = memfd_create("strings", MFD_CLOEXEC);
-    require(descriptor >= 0, "no file in memory", "");
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        require(written > 0, "cannot write", "");
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    parser.setFilename(std::to_string(descriptor));
-    parser.parse();
-    close(descriptor);
 }
 
 std::string expected(const Model& model, const std::string& key) {
@@ -77,19 +51,19 @@ void compare(const KVParser& parser, const Model& model) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // The byte 1 parts the files of the first and the second reading.
-    const std::string input(reinterpret_cast<const char*>(data), size);
+void Fuzzing::tryInput(std::string input) {
     KVParser parser("");
-    parser.setLocaleDir("/proc/self/fd");
+    parser.setLocaleDir(MemoryFile::folder());
     Model model;
-    for (const std::string& file : TRTools::split(input, "\1")) {
-        parse(parser, file);
-        readInto(model, file);
+    std::string rest = input;
+    // The files of the first and of each further reading.
+    while (!rest.empty()) {
+        const std::string bytes = takePart(rest);
+        const MemoryFile file(bytes);
+        parser.setFilename(file.name());
+        parser.parse();
+        readInto(model, bytes);
         compare(parser, model);
     }
     require(parser.getMessage(input) == expected(model, input), "another message", input);
-    return 0;
 }

@@ -41,6 +41,7 @@ std::string expected(const Model& model, const std::string& key) {
 /// Asks for every key of the model, in the form of the file and in the form of the program, and for
 /// neighbours.
 void compare(const KVParser& parser, const Model& model) {
+    require(parser.isEmpty() == model.empty(), "another count", "");
     for (const auto& [written, value] : model) {
         const std::string plain = TRTools::unescape(written);
         for (const std::string& key : {written, plain, written + '\0', written.substr(1)}) {

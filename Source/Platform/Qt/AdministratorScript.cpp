@@ -1,28 +1,16 @@
 #include "Platform/Qt/AdministratorScript.h"
 
+#include "Platform/Posix/ShellCommand.h"
+
 #include <string_view>
 #include <system_error>
 
 namespace Vexora {
 namespace {
 
-/// What a backslash and the character behind it stand for in a literal; nothing for an unknown
-/// escape.
-std::optional<char> escapedCharacter(char character) {
-    switch (character) {
-    case '\\':
-    case '"':
-        return character;
-    case 'n':
-        return '\n';
-    case 'r':
-        return '\r';
-    case 't':
-        return '\t';
-    default:
-        return std::nullopt;
-    }
-}
+/// Runs the words behind it in the encoding in which they were tried, and throws their output away:
+/// pkexec, which takes the variables of a session from the system, could change the encoding.
+constexpr const char* quietly = "export LC_ALL=C.UTF-8; exec \"$@\" >/dev/null 2>&1";
 
 } // namespace
 
@@ -36,17 +24,13 @@ std::optional<std::string> shellCommandOf(const std::string& source) {
     std::string command;
     std::size_t position = opening.size();
     for (; position < script.size() && script[position] != '"'; ++position) {
-        char character = script[position];
-        if (character == '\\') {
+        if (script[position] == '\\') {
             ++position;
-            const auto meant =
-                position < script.size() ? escapedCharacter(script[position]) : std::nullopt;
-            if (!meant) {
+            if (position == script.size() || script[position] != '\\') {
                 return std::nullopt;
             }
-            character = *meant;
         }
-        command += character;
+        command += script[position];
     }
     if (script.substr(position) != closing) {
         return std::nullopt;
@@ -55,15 +39,19 @@ std::optional<std::string> shellCommandOf(const std::string& source) {
 }
 
 bool QtAdministratorScript::execute(const std::string& source) {
-    const auto command = shellCommandOf(source);
-    if (!command) {
+    const auto line = shellCommandOf(source);
+    if (!line || !shellStartsItsProgramAlone(processes_, programs_.shell, *line)) {
+        systemLog_.log(
+            "Upgrade system-wide not tried: a shell would start something else than install");
         return false;
     }
-    const auto output = files_.fileHandleForUpdatingAtPath("/dev/null");
+    const auto environment = shellEnvironment();
     try {
-        const auto process = processes_.launchProcess(
-            "/usr/bin/pkexec", {"--disable-internal-agent", "/bin/sh", "-c", *command},
-            output.get());
+        const auto process =
+            processes_.launchProcess(programs_.pkexec,
+                                     {"--disable-internal-agent", programs_.shell, "-c", quietly,
+                                      "sh", programs_.shell, "-c", *line},
+                                     nullptr, &environment);
         return process->waitUntilExit() == 0;
     } catch (const std::system_error&) {
         return false;

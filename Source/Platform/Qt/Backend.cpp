@@ -48,7 +48,7 @@ struct Desktop {
 struct Backend::Parts {
     explicit Parts(char** argv)
         : desktop(argv, neededForStart(posixResourcePath)), interfaces(environment),
-          administratorScript(processes, files) {}
+          administratorScript(processes, systemLog, {}) {}
 
     PosixEnvironment environment;
     PosixFileSystem files;

@@ -23,11 +23,11 @@ class ElevationTest(DesktopTestCase):
         super().setUpClass()
         cls.enterClassContext(running_polkit())
 
-    def answered(self, answer, install=ASKS, **folders):
+    def answered(self, answer, install=ASKS, stage="stage", **environment):
         """A program that has been started under the rule that gives that answer."""
-        stage = self.stage(install, **folders)
+        stage = self.stage(install, stage=stage)
         self.enterContext(rule(self.desktop, stage.resources / "install", answer))
-        installer = self.launch(stage)
+        installer = self.launch(stage, **environment)
         installer.press(installer.find("push button", "Start"))
         return installer
 
@@ -48,6 +48,17 @@ class ElevationTest(DesktopTestCase):
     def test_granted_rights_with_blanks_in_the_resource_path(self):
         self.assert_succeeds(self.answered("YES", stage="My  Disk/Vexora Setup"))
 
+    def test_granted_rights_in_an_environment_that_pkexec_refuses(self):
+        self.assert_succeeds(self.answered("YES", SHELL="/nonexistent", LC_TIME="en/US",
+                                           TERM="a%b", COLORTERM=".."))
+
+    def test_a_folder_name_that_a_shell_reads_otherwise_asks_for_nothing(self):
+        installer = self.answered("YES", stage="R&D")
+        installer.find("label", "Installation failed")
+        self.assertFalse(installer.stage.mark("elevated").exists())
+        self.assertIn("Upgrade system-wide not tried: a shell would start something else than "
+                      "install\nUpgrade system-wide failed\n", installer.output())
+
     def test_refused_rights_lead_to_status_1(self):
         installer = self.answered("NO")
         installer.find("label", "Installation failed")
@@ -55,6 +66,7 @@ class ElevationTest(DesktopTestCase):
                          "A system-wide installation already exists. Removing or upgrading "
                          "requires administrator-level access. Open logs")
         self.assertFalse(installer.stage.mark("elevated").exists())
+        self.assertIn("Not authorized", installer.output())
         self.assertIn("Upgrade system-wide failed\n", installer.output())
 
     def test_any_failure_of_the_second_run_is_status_1(self):

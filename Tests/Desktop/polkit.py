@@ -1,5 +1,6 @@
 """The system's own polkit, and a rule that answers for the person at the password prompt."""
 
+import json
 import os
 import pwd
 import subprocess
@@ -36,11 +37,9 @@ def rule(desktop: Desktop, program: Path, answer):
     """Lets polkit answer YES or NO when the desktop's user wants to run that program as root."""
     name = pwd.getpwuid(desktop.user).pw_name
     path = f"/etc/polkit-1/rules.d/00-{desktop.folder.name}.rules"
-    # Command lines quote blanks, so the program is recognised by its scratch folder.
     text = f"""polkit.addRule(function(action, subject) {{
-    var command = String(action.lookup("command_line"));
     if (action.id === "org.freedesktop.policykit.exec" && subject.user === "{name}" &&
-        command.indexOf("{desktop.folder}") >= 0) {{
+        action.lookup("command_line") === {json.dumps(_command_line(program))}) {{
         return polkit.Result.{answer};
     }}
 }});
@@ -63,11 +62,17 @@ def _answers():
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False).returncode == 0
 
 
+def _command_line(program):
+    """How pkexec tells the command that the installer has it run: the words with blanks between them."""
+    line = str(program).replace(" ", "\\ ") + " true"
+    return f'/bin/sh -c export LC_ALL=C.UTF-8; exec "$@" >/dev/null 2>&1 sh /bin/sh -c {line}'
+
+
 def _decision(desktop, program):
     """What polkit says without asking anybody: 0 yes, 1 no, 2 and more that it would ask."""
     return subprocess.run(
         [*AS_ROOT, "pkcheck", "--action-id", "org.freedesktop.policykit.exec", "--process",
-         str(desktop.process), "--detail", "command_line", f"/bin/sh -c {program}"],
+         str(desktop.process), "--detail", "command_line", _command_line(program)],
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False).returncode
 
 

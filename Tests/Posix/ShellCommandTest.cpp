@@ -75,7 +75,9 @@ TEST_F(ShellCommandPattern, liesWhereOnlyThisUserAndRootAddNames) {
                                         std::pair(0757, false), std::pair(01777, false)}) {
         fs::permissions(parent, fs::perms(mode));
         EXPECT_EQ(starts("parent/[x]"), trusted) << std::oct << mode;
-        EXPECT_TRUE(starts("parent/x]")) << std::oct << mode;
+        for (const char* name : {"x]", "[x", "]["}) {
+            EXPECT_TRUE(starts(std::string("parent/") + name)) << name << std::oct << mode;
+        }
     }
     fs::permissions(parent, fs::perms(0755));
     // Only root can give a folder away.

@@ -32,6 +32,13 @@ bool isOurs(const std::string& folder) {
            (status.st_mode & (S_IWGRP | S_IWOTH)) == 0 && ::access(folder.c_str(), R_OK) == 0;
 }
 
+/// Whether a shell may take a name for a pattern. A bracket that nothing closes stands for itself.
+bool isPattern(const std::string& name) {
+    const std::size_t bracket = name.find('[');
+    return name.find_first_of("*?") != std::string::npos ||
+           (bracket != std::string::npos && name.find(']', bracket) != std::string::npos);
+}
+
 /// The beginnings of a path that end with a pattern; nothing when one of them may come to match
 /// other names.
 std::optional<std::vector<std::string>> patternsOf(const std::string& path) {
@@ -40,7 +47,7 @@ std::optional<std::vector<std::string>> patternsOf(const std::string& path) {
     while (slash != std::string::npos) {
         const std::size_t end = path.find('/', slash + 1);
         const std::string name = path.substr(slash, end - slash);
-        if (name.find_first_of("*?[") != std::string::npos) {
+        if (isPattern(name)) {
             if (!isOurs(path.substr(0, slash + 1))) {
                 return std::nullopt;
             }

@@ -20,7 +20,7 @@ std::optional<std::string> programOfShellCommand(const std::string& line);
 
 /// Has a shell read a line, without running it, in shellEnvironment.
 ///
-/// A path with * ? or [ is a pattern, and what it matches may change until the line runs. So it must
+/// A path with * or ? or [] is a pattern, and what it matches may change until the line runs. So it must
 /// match nothing but itself, in folders that belong to this user or to root, that nobody else may
 /// write to, and that this user may read: what root sees there is then the same, and stays so unless
 /// one of the two adds a name. Who may exchange a folder further up, or the program itself, is not

@@ -41,8 +41,7 @@ std::optional<std::string> shellCommandOf(const std::string& source) {
 bool QtAdministratorScript::execute(const std::string& source) {
     const auto line = shellCommandOf(source);
     if (!line || !shellStartsItsProgramAlone(processes_, programs_.shell, *line)) {
-        systemLog_.log(
-            "Upgrade system-wide not tried: a shell would start something else than install");
+        systemLog_.log("Upgrade system-wide not tried: a shell might not start install alone");
         return false;
     }
     const auto environment = shellEnvironment();

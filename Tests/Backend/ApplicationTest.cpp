@@ -126,7 +126,7 @@ TEST_F(Application, waitsForNobodyToWriteAPicture) {
     }
     ASSERT_GT(pictures, 0);
     environment.resources = resources.path();
-    ::alarm(60);
+    ::alarm(600);
     enter(State::Failure);
     ::alarm(0);
 }

@@ -232,7 +232,7 @@ TEST_F(PosixFileSystem, whatAnotherProgramWouldHaveToAnswerCannotBeOpened) {
               0);
     fs::create_symlink("fifo", folder.path() / "link");
     // Who waits would do so for ever.
-    ::alarm(60);
+    ::alarm(600);
     for (const std::string& path : {pathOf("fifo"), pathOf("socket"), pathOf("link")}) {
         EXPECT_FALSE(files.createFileAtPath(path)) << path;
         EXPECT_EQ(files.fileHandleForWritingAtPath(path), nullptr) << path;
@@ -240,6 +240,12 @@ TEST_F(PosixFileSystem, whatAnotherProgramWouldHaveToAnswerCannotBeOpened) {
         EXPECT_EQ(files.utf16TextOfFile(path), std::nullopt) << path;
     }
     ::alarm(0);
+}
+
+TEST_F(PosixFileSystem, aDeviceHasNoContent) {
+    folder.write("empty", "");
+    EXPECT_EQ(Vexora::contentOfFile(pathOf("empty")), "");
+    EXPECT_EQ(Vexora::contentOfFile("/dev/null"), std::nullopt);
 }
 
 TEST_F(PosixFileSystem, filesAndDevicesAreWaitedForOnceTheyAreOpen) {

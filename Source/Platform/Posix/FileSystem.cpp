@@ -59,7 +59,10 @@ std::optional<std::string> utf8FromMarkedUtf16(std::string& content, const char*
 
 std::optional<std::string> contentOfFile(const std::string& path) {
     const PosixDescriptor descriptor = openDescriptor(path, O_RDONLY);
-    if (!descriptor.isOpen()) {
+    struct stat status = {};
+    // A device may have no end.
+    if (!descriptor.isOpen() || ::fstat(descriptor.value(), &status) != 0 ||
+        S_ISCHR(status.st_mode)) {
         return std::nullopt;
     }
     std::string content;

@@ -6,7 +6,7 @@
 
 namespace Vexora {
 
-/// All bytes of a file; nothing when it cannot be read. Any thread.
+/// All bytes of a file; nothing when it cannot be read or is a device. Any thread.
 std::optional<std::string> contentOfFile(const std::string& path);
 
 /// Any thread.

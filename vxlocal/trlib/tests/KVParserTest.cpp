@@ -174,7 +174,7 @@ TEST_F(KVParser, missingFileThrowsWithItsFullPath) {
 
 TEST_F(KVParser, fifoThrowsAndIsNotWaitedFor) {
     ASSERT_EQ(mkfifo(path().c_str(), 0600), 0);
-    alarm(60); // Who waits would do so for ever.
+    alarm(600); // Who waits would do so for ever.
     EXPECT_EQ(parseError(), "Could not open " + path() + "\n");
     alarm(0);
 }

@@ -28,7 +28,7 @@ std::string neededForStart(const std::function<std::string()>& find) {
         return find();
     } catch (const std::exception& error) {
         writeAll(STDERR_FILENO, std::string(error.what()) + '\n');
-        std::exit(1);
+        std::exit(0);
     }
 }
 

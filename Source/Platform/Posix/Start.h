@@ -14,7 +14,7 @@ namespace Vexora {
 void prepareProcess();
 
 /// Finds what the program cannot start without. An error that leaves `find` ends the process with
-/// its text on standard error and status 1.
+/// its text on standard error, and with status 0 as every end does.
 std::string neededForStart(const std::function<std::string()>& find);
 
 } // namespace Vexora

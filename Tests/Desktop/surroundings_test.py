@@ -35,17 +35,36 @@ class FoldersTest(DesktopTestCase):
         self.check(self.launch(stage, "de_DE.UTF-8"))
 
 
-class ArgumentsTest(DesktopTestCase):
-    """There are no options, the toolkit's own included."""
+class StartTest(DesktopTestCase):
+    """What starts the program may do so in odd ways."""
 
-    def test_arguments_change_nothing(self):
-        stage = self.stage("exit 0")
-        wrapper = stage.folder / "with-arguments"
-        wrapper.write_text(f'#!/bin/sh\nexec "{stage.program}" -title Other -platform nothing\n')
+    def launch_by(self, stage, command, **environment):
+        """The program, started by a shell's command that has it as $1."""
+        wrapper = stage.folder / "wrapper"
+        wrapper.write_text(f"#!/bin/sh\nset -- '{stage.program}'\n{command}\n")
         wrapper.chmod(0o755)
         stage.program = wrapper
-        installer = self.launch(stage)
+        return self.launch(stage, **environment)
+
+    def test_arguments_change_nothing(self):
+        installer = self.launch_by(self.stage("exit 0"), 'exec "$1" -title Other -platform nothing')
         self.assertEqual(installer.window.name, installer.text("Ondrel Vexora Lumiq Setup"))
+
+    def test_closed_error_stream_is_not_missed(self):
+        # A status without a message is told on standard error.
+        stage = self.stage("echo installed; exit 3")
+        installer = self.launch_by(stage, 'exec "$1" 2>&-')
+        installer.press(installer.find("push button", "Start"))
+        installer.find("label", "Installation failed")
+        self.assertEqual(stage.log_text(), "installed\n")
+
+    def test_limit_of_file_sizes_does_not_end_the_program(self):
+        stage = self.stage("exit 0")
+        # What is missing is told in the log, which may not grow.
+        (stage.resources / "de.lproj" / "Localizable.strings").unlink()
+        installer = self.launch_by(stage, 'ulimit -f 0; exec "$1"', language="de_DE.UTF-8")
+        self.assertEqual(installer.window.name, "Ondrel Vexora Lumiq Setup")
+        self.assertEqual(stage.log_text(), "")
 
 
 class MissingResourcesTest(DesktopTestCase):

@@ -11,7 +11,7 @@ if(VEXORA_HARDENED)
   check_pie_supported(LANGUAGES CXX)
   set(CMAKE_SKIP_RPATH ON)
   # A builder's own level of checked functions would be defined twice.
-  add_compile_options(-fstack-protector-strong -fstack-clash-protection
-                      -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -D_GLIBCXX_ASSERTIONS)
+  add_compile_options(-fstack-protector-strong -fstack-clash-protection -D_GLIBCXX_ASSERTIONS
+                      "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>")
   add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
 endif()

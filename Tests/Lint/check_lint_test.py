@@ -26,11 +26,14 @@ OFFENDERS = {
                      "Tools/Ranges.mm:3:std::find_if(a);", "Tools/Ranges.mm:4:std::any_of(a);",
                      "Tools/CMakeLists.txt:1:add_library(one-two)", "Tools/CMakeLists.txt:2:add_custom_target(oneTwo)",
                      "Source/Platform/Qt/QtTags.h"]),
-    "SECURITY.md names tests that exist": ({"SECURITY.md": "(`One.two`, `One.three`, `Gone.two`, `GoneTest`, `AnyTest`)\n",
-                                            "Tests/OneTest.cpp": "TEST_F(One, two) {}\n",
-                                            "Tests/any_test.py": "class AnyTest(Case):\n"},
+    "SECURITY.md names tests that exist": ({"SECURITY.md": "(`One.two`, `One.three`, `Gone.two`, `GoneTest`, `AnyTest`, "
+                                                           "`AnyTest.test_it`, `One.test_it`, `AnyTest.two`)\n",
+                                            "Tests/OneTest.cpp": "TEST_F(One, two) {}\nTEST(Two, three) {}\n",
+                                            "Tests/any_test.py": "class AnyTest(Case):\n    def test_it(self):\n"},
                                            ["SECURITY.md names the test One.three, which does not exist", "SECURITY.md names the test Gone.two, which does not exist",
-                                            "SECURITY.md names the test GoneTest, which does not exist"]),
+                                            "SECURITY.md names the test GoneTest, which does not exist",
+                                            "SECURITY.md names the test One.test_it, which does not exist",
+                                            "SECURITY.md names the test AnyTest.two, which does not exist"]),
     "interface definitions without text": ({"Resources/Interface/A.json": '{"title": ""}\n', "Resources/Interface/A.ui": "\n"},
                                            ['Resources/Interface/A.json:1:{"title": ""}']),
 }

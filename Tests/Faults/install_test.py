@@ -8,7 +8,7 @@ from desktop import wait_until
 from rows import FaultsTestCase, row
 
 BEGUN = "begin\n<&;>\n<wait $!>\n"
-NOT_RUN = "/usr/bin/nohup: failed to run command '$RESOURCES/{}': {}\n"
+NOT_RUN = "nohup: failed to run command '$RESOURCES/{}': {}\n"
 DENIED = NOT_RUN.format("install", "Permission denied")
 MISSING = NOT_RUN.format("install", "No such file or directory")
 NO_UNMOUNT = NOT_RUN.format("unmount", "No such file or directory")

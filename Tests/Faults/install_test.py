@@ -5,9 +5,8 @@ import signal
 
 from case import HELD
 from desktop import wait_until
-from rows import FaultsTestCase, row
+from rows import BEGUN, FaultsTestCase, row
 
-BEGUN = "begin\n<&;>\n<wait $!>\n"
 NOT_RUN = "nohup: failed to run command '$RESOURCES/{}': {}\n"
 DENIED = NOT_RUN.format("install", "Permission denied")
 MISSING = NOT_RUN.format("install", "No such file or directory")
@@ -27,12 +26,6 @@ class InstallTest(FaultsTestCase):
         path.unlink()
         make(path)
         return self.started_on(stage)
-
-    def held(self):
-        """A run whose install waits for the mark go."""
-        installer = self.started_on(self.stage(HELD))
-        wait_until("the script", lambda: installer.stage.log_text() == BEGUN)
-        return installer
 
     @row("It is missing", "failure", MISSING, ENDED.format(127), sample=True)
     def missing(self):

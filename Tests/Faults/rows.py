@@ -5,20 +5,24 @@ the document."""
 import fcntl
 import os
 import re
+import shutil
 import subprocess
 from dataclasses import dataclass
 from pathlib import Path
 
-from case import DesktopTestCase
+from case import HELD, DesktopTestCase
 from desktop import wait_until
 
 RENEW = os.environ.get("VEXORA_RENEW") == "1"
 LONG = RENEW or os.environ.get("VEXORA_LONG") == "1"
 DOCUMENT = Path(os.environ["VEXORA_SOURCE"], "docs", "faults.md")
+LIBRARY = Path(os.environ["VEXORA_BUILD"], "Tests", "Faults", "libfaults.so")
 PICTURES = Path(os.environ["VEXORA_BUILD"], "faults")
 HEAD = "| What was done | The user sees | Log | System log | Exit status |\n|---|---|---|---|---|\n"
 
 LICENCE = "By installing, you agree to the Ondrel Vexora <a>license agreement</a>."
+# What HELD has printed when it waits.
+BEGUN = "begin\n<&;>\n<wait $!>\n"
 NOBODY = 65534
 LONGEST = 100
 # What stands for a log that is no text.
@@ -95,6 +99,12 @@ class FaultsTestCase(DesktopTestCase):
         installer.press(installer.find("push button", "Start"))
         return installer
 
+    def held(self, stage=None, **environment):
+        """A run over that stage, or another whose install is HELD, once install waits for the mark go."""
+        installer = self.started_on(stage or self.stage(HELD), **environment)
+        wait_until("the script", lambda: installer.stage.log_text() == BEGUN)
+        return installer
+
     def opened(self, stage, **environment):
         """The program over that stage, in English, as what it starts is; no strings file is read for the test."""
         return self.launch(stage, "--", **{"LC_ALL": "C.UTF-8", **environment})
@@ -106,6 +116,15 @@ class FaultsTestCase(DesktopTestCase):
         wrapper.chmod(0o755)
         stage.program = wrapper
         return stage
+
+    def preloaded(self, stage):
+        """The stage, whose program has the library of Preloaded.cpp loaded."""
+        library = shutil.copy(LIBRARY, stage.folder)
+        return self.wrapped(stage, f"exec env VEXORA_FAULTS='{stage.folder}' LD_PRELOAD='{library}' \"$program\"")
+
+    def fault(self, stage, name, number=0):
+        """Has the library make that fault, until its link is removed."""
+        stage.mark(name).symlink_to(str(number))
 
     def made(self, path, mode=None):
         """A file or folder that belongs to the desktop's user, with that mode until the test ends."""
@@ -132,7 +151,8 @@ class FaultsTestCase(DesktopTestCase):
     def check(self, installer, expected):
         """Holds what came of a fault to its row."""
         self.assert_seen(installer, *expected.seen.partition(": ")[::2])
-        self.take_picture()
+        if installer.is_running():
+            self.take_picture()
         status = installer.wait_exit(lambda: self.leave(installer))
         self.later()
         found = Row(expected.done, expected.seen, self.log(installer), self.system(installer), status)
@@ -156,6 +176,13 @@ class FaultsTestCase(DesktopTestCase):
         elif kind == "licence":
             area = installer.find("text", "License Agreement").queryText()
             self.assertEqual(area.getText(0, -1) or "empty", text)
+        elif kind == "bar at rest":
+            installer.wait_rest()
+            self.assertTrue(installer.shows("label", "Installing <b>Ondrel Vexora Lumiq</b>..."))
+        elif kind == "window":
+            self.assertTrue(installer.is_active())
+        elif kind == "nothing":
+            wait_until("the end of the program", lambda: not installer.is_running())
         elif kind == "start screen":
             self.assertEqual(installer.find("push button").name, text)
         else:
@@ -171,6 +198,8 @@ class FaultsTestCase(DesktopTestCase):
 
     def leave(self, installer):
         """Presses Close where the window has that button, and closes the window elsewhere."""
+        if not installer.is_running():
+            return
         if installer.shows("push button", "Close"):
             installer.press(installer.find("push button", "Close"))
         else:
@@ -198,7 +227,8 @@ class FaultsTestCase(DesktopTestCase):
         for path, word in ((stage.resources, "$RESOURCES"), (stage.home, "$HOME"), (stage.folder, "$SCRATCH")):
             text = text.replace(str(path), word)
         # How the system's programs quote and what they call themselves depends on their release.
-        text = text.translate({ord("‘"): "'", ord("’"): "'"}).replace("/usr/bin/nohup: ", "nohup: ")
+        text = text.translate({ord("‘"): "'", ord("’"): "'"}).replace("/usr/bin/nohup: failed", "nohup: failed")
+        text = re.sub(r"(qt\.qpa|The X11 connection broke)[\s\S]*", "the toolkit's own words\n", text)
         return re.sub(r"[\x00-\x09\x0b-\x1f\x7f]", lambda found: f"\\x{ord(found[0]):02x}", text)
 
     def test_00_document_has_these_rows(self):

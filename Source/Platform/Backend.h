@@ -11,8 +11,12 @@ namespace Vexora {
 
 class Backend {
 public:
+    /// For the program alone, before its backend: the process ends with status 0 also where the toolkit
+    /// ends it, because the display is missing or goes away.
+    static void endWellAlways();
+
     /// Connects to the desktop. Without one the process ends with the toolkit's message, and with
-    /// one and status 1 where the system does not tell where the program is.
+    /// one of ours and status 0 where the system does not tell where the program is.
     /// \param argc how many arguments the program has, its name included.
     /// \param argv the arguments, of which the backend takes the name alone: the program has no
     /// options. They outlive the backend.

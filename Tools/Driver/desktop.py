@@ -58,12 +58,13 @@ class Desktop(Display):
     There is one per process, because the accessibility library connects once per process. Without
     accessible there is no accessibility tree, and programs need not keep one.
 
-    process is the number of a process of the desktop.
+    process is the number of a process of the desktop; bus is the process of its session bus.
     """
 
     def __init__(self, user=None, accessible=True):
         super().__init__(user)
         self.process = None
+        self.bus = None
         self._accessible = accessible
 
     def applications(self):
@@ -91,7 +92,7 @@ class Desktop(Display):
     def _start_bus(self):
         configuration = self.folder / "bus.conf"
         configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
-        self.start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
+        self.bus = self.start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
         address = f"unix:path={self.folder}/bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         wait_until("the session bus", (self.folder / "bus").exists)

@@ -23,12 +23,13 @@ class Display:
     With a user number, which takes root, the display and its programs run as that user.
 
     folder is a scratch folder that the display's user owns; environment is what programs need to
-    appear on this display.
+    appear on this display; server is its process.
     """
 
     def __init__(self, user=None):
         self.folder = None
         self.environment = {}
+        self.server = None
         self.user = os.geteuid() if user is None else user
         self._other = self.user != os.geteuid()
         self._cleanup = ExitStack()
@@ -96,15 +97,15 @@ class Display:
         reading, writing = os.pipe()
         with open(reading, "rb") as pipe:
             try:
-                server = self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", SCREEN,
-                                     "-ac", "-nolisten", "tcp", "-noreset"], pass_fds=[writing])
+                self.server = self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", SCREEN,
+                                          "-ac", "-nolisten", "tcp", "-noreset"], pass_fds=[writing])
             finally:
                 os.close(writing)
             if not select.select([pipe], [], [], DEADLINE)[0]:
                 raise DeadlineError("the virtual display does not start")
             number = pipe.readline().decode().strip()
         if not number:
-            raise RuntimeError(f"the virtual display ended with status {server.wait()}: "
+            raise RuntimeError(f"the virtual display ended with status {self.server.wait()}: "
                                + (self.folder / "helpers.log").read_text(errors="replace"))
         self.environment["DISPLAY"] = f":{number}"
 

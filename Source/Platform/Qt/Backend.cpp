@@ -19,6 +19,8 @@
 
 #include <QApplication>
 
+#include <cstdlib>
+
 namespace Vexora {
 namespace {
 
@@ -66,6 +68,26 @@ struct Backend::Parts {
                       files,       processes,  environment, administratorScript, workspace,
                       systemLog};
 };
+
+void Backend::endWellAlways() {
+    // The toolkit's last words, such as those about a missing display, end the process by a signal.
+    static QtMessageHandler print = nullptr;
+    print = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& place, const QString& text) {
+            print(type, place, text);
+            if (type == QtFatalMsg) {
+                std::_Exit(0);
+            }
+        });
+    // And with 1 where the display goes away.
+    ::on_exit(
+        [](int status, void*) {
+            if (status != 0) {
+                std::_Exit(0);
+            }
+        },
+        nullptr);
+}
 
 Backend::Backend(int /*argc*/, char** argv) {
     prepareProcess();

@@ -8,66 +8,136 @@ import subprocess
 from contextlib import contextmanager
 from pathlib import Path
 
+from gi.repository import Gio, GLib
+
 from desktop import Desktop, wait_until
 
 # Changing the rules takes the rights of root, which sudo gives to those who may install packages.
 AS_ROOT = [] if os.geteuid() == 0 else ["sudo", "-n"]
 ANSWERS = {"YES": 0, "NO": 1}
+# What polkit calls where a prompt is to show.
+AGENT = """<node><interface name="org.freedesktop.PolicyKit1.AuthenticationAgent">
+  <method name="BeginAuthentication">
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
+    <arg type="a{ss}" direction="in"/><arg type="s" direction="in"/><arg type="a(sa{sv})" direction="in"/>
+  </method>
+  <method name="CancelAuthentication"><arg type="s" direction="in"/></method>
+</interface></node>"""
+
+
+@contextmanager
+def turn():
+    """Rules and bus are the system's: another run of these tests waits for its turn."""
+    with open("/usr/bin/pkexec", "rb") as file:
+        fcntl.flock(file, fcntl.LOCK_EX)
+        yield
 
 
 @contextmanager
 def running_polkit():
-    """Makes sure that polkit can be asked; starts the system bus, which starts polkit, if need be.
-
-    Rules and bus are the system's: another run of these tests waits for its turn.
-    """
-    with open("/usr/bin/pkexec", "rb") as turn:
-        fcntl.flock(turn, fcntl.LOCK_EX)
-        with _answering_polkit():
-            yield
+    """Makes sure in turn that polkit can be asked; starts the system bus, which starts polkit, if need be."""
+    with turn(), _answering_polkit():
+        yield
 
 
 @contextmanager
 def _answering_polkit():
-    if _answers():
+    if answers():
         yield
         return
-    _as_root("mkdir", "-p", "/run/dbus")
+    as_root("mkdir", "-p", "/run/dbus")
     bus = subprocess.Popen([*AS_ROOT, "dbus-daemon", "--system", "--nofork", "--nopidfile"],
                            stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
-        wait_until("polkit", _answers)
+        wait_until("polkit", answers)
         yield
     finally:
-        _as_root("kill", str(bus.pid))
+        as_root("kill", str(bus.pid))
         bus.wait()
-        _as_root("rm", "-f", "/run/dbus/system_bus_socket")
+        as_root("rm", "-f", "/run/dbus/system_bus_socket")
 
 
-@contextmanager
 def rule(desktop: Desktop, program: Path, answer):
     """Lets polkit answer YES or NO when the desktop's user wants to run that program as root."""
     name = pwd.getpwuid(desktop.user).pw_name
+    line = _command_line(program)
+    return _rule(desktop, f'subject.user === "{name}" && action.lookup("command_line") === {json.dumps(line)}', answer,
+                 desktop.process, "--detail", "command_line", line)
+
+
+def rule_for(desktop: Desktop, process, answer):
+    """Lets polkit answer YES or NO whatever a process wants to run as root."""
+    return _rule(desktop, f"subject.pid === {process}", answer, process)
+
+
+@contextmanager
+def _rule(desktop, condition, answer, *question):
     path = f"/etc/polkit-1/rules.d/00-{desktop.folder.name}.rules"
     text = f"""polkit.addRule(function(action, subject) {{
-    if (action.id === "org.freedesktop.policykit.exec" && subject.user === "{name}" &&
-        action.lookup("command_line") === {json.dumps(_command_line(program))}) {{
+    if (action.id === "org.freedesktop.policykit.exec" && {condition}) {{
         return polkit.Result.{answer};
     }}
 }});
 """
     # A run that was killed may have left its rule behind.
-    _as_root("sh", "-c", "rm -f /etc/polkit-1/rules.d/00-vexora-desktop-*.rules")
+    as_root("sh", "-c", "rm -f /etc/polkit-1/rules.d/00-vexora-desktop-*.rules")
     try:
-        _as_root("tee", path, input=text.encode(), stdout=subprocess.DEVNULL)
-        _as_root("chmod", "644", path)
-        wait_until(f"the rule {answer}", lambda: _decision(desktop, program) == ANSWERS[answer])
+        as_root("tee", path, input=text.encode(), stdout=subprocess.DEVNULL)
+        as_root("chmod", "644", path)
+        wait_until(f"the rule {answer}", lambda: _decision(*question) == ANSWERS[answer])
         yield
     finally:
-        _as_root("rm", "-f", path)
+        as_root("rm", "-f", path)
 
 
-def _answers():
+class Prompt:
+    """The password prompt that polkit shows for one process, without a person; a context manager."""
+
+    def __init__(self, process):
+        self._process = process
+        self._question = None
+        self.taken_back = False
+
+    def __enter__(self):
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            Gio.dbus_address_get_for_bus_sync(Gio.BusType.SYSTEM, None),
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        path = "/org/freedesktop/PolicyKit1/AuthenticationAgent"
+        self._bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(AGENT).interfaces[0], self._take, None, None)
+        subject = ("unix-process", {"pid": GLib.Variant("u", self._process), "start-time": GLib.Variant("t", 0)})
+        self._bus.call_sync(
+            "org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority",
+            "org.freedesktop.PolicyKit1.Authority", "RegisterAuthenticationAgent",
+            GLib.Variant("((sa{sv})ss)", (subject, "C", path)), None, Gio.DBusCallFlags.NONE, -1, None)
+        return self
+
+    def __exit__(self, *details):
+        self._bus.close_sync(None)
+
+    def wait(self):
+        """Waits until it shows."""
+        wait_until("the prompt", lambda: self._question)
+
+    @property
+    def caller(self):
+        """The number of the process that has led to it, as text."""
+        return self._question.get_parameters().unpack()[3]["polkit.caller-pid"]
+
+    def end(self, error):
+        """Ends it in the way that polkit calls by that name."""
+        self._question.return_dbus_error(f"org.freedesktop.PolicyKit1.Error.{error}", "")
+
+    def _take(self, _bus, _sender, _path, _interface, method, _parameters, invocation):
+        if method == "BeginAuthentication":
+            self._question = invocation
+        else:
+            self.taken_back = True
+            invocation.return_value(None)
+
+
+def answers():
+    """Whether polkit can be asked."""
     return subprocess.run(
         ["dbus-send", "--system", "--print-reply", "--dest=org.freedesktop.PolicyKit1", "/",
          "org.freedesktop.DBus.Peer.Ping"],
@@ -80,13 +150,13 @@ def _command_line(program):
     return f'/bin/sh -c export LC_ALL=C.UTF-8; exec "$@" >/dev/null 2>&1 sh /bin/sh -c {line}'
 
 
-def _decision(desktop, program):
+def _decision(process, *details):
     """What polkit says without asking anybody: 0 yes, 1 no, 2 and more that it would ask."""
     return subprocess.run(
-        [*AS_ROOT, "pkcheck", "--action-id", "org.freedesktop.policykit.exec", "--process",
-         str(desktop.process), "--detail", "command_line", _command_line(program)],
+        [*AS_ROOT, "pkcheck", "--action-id", "org.freedesktop.policykit.exec", "--process", str(process), *details],
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False).returncode
 
 
-def _as_root(*command, **options):
+def as_root(*command, **options):
+    """Runs a command with the rights of root."""
     subprocess.run([*AS_ROOT, *command], check=True, **options)

@@ -6,6 +6,7 @@ import fcntl
 import os
 import re
 import shutil
+import signal
 import subprocess
 from dataclasses import dataclass
 from pathlib import Path
@@ -18,31 +19,38 @@ LONG = RENEW or os.environ.get("VEXORA_LONG") == "1"
 DOCUMENT = Path(os.environ["VEXORA_SOURCE"], "docs", "faults.md")
 LIBRARY = Path(os.environ["VEXORA_BUILD"], "Tests", "Faults", "libfaults.so")
 PICTURES = Path(os.environ["VEXORA_BUILD"], "faults")
-HEAD = "| What was done | The user sees | Log | System log | Exit status |\n|---|---|---|---|---|\n"
+HEAD = ("What was done", "The user sees", "Log", "System log", "Exit status")
+ROOT = "Ran as root"
 
+INSTALLING = "Installing <b>Ondrel Vexora Lumiq</b>..."
 LICENCE = "By installing, you agree to the Ondrel Vexora <a>license agreement</a>."
 # What HELD has printed when it waits.
 BEGUN = "begin\n<&;>\n<wait $!>\n"
 NOBODY = 65534
 LONGEST = 100
-# What stands for a log that is no text.
-STATES = ("none", "empty", "a folder", "a FIFO", "a socket", "a device")
+# What stands for a log that is no text, and for no program.
+STATES = ("none", "empty", "a folder", "a FIFO", "a socket", "a device", "nothing")
 
 
 @dataclass(frozen=True)
 class Row:
-    """What was done and what came of it; log and system log are their texts, or one of STATES."""
+    """What was done and what came of it; log and system log are their texts, or one of STATES.
+
+    The status is the signal's name where a signal ended the program. root is what ran with root's rights, in sections
+    that tell of it.
+    """
 
     done: str
     seen: str
     log: str = "none"
     system: str = "none"
-    status: int = 0
+    status: int | str = 0
+    root: str | None = None
 
     def line(self):
         """The line of the document."""
-        cells = (self.done, self.seen, _cell(self.log), _cell(self.system), str(self.status))
-        return "| " + " | ".join(cell.replace("|", "\\|") for cell in cells) + " |\n"
+        cells = [self.done, self.seen, _cell(self.log), _cell(self.system), str(self.status)]
+        return _line(cells if self.root is None else [*cells, _cell(self.root)])
 
 
 def row(*values, given=(), sample=False, **more):
@@ -53,6 +61,20 @@ def row(*values, given=(), sample=False, **more):
 
     def decorate(method):
         method.__dict__.setdefault("rows", []).insert(0, (Row(*values, **more), given, sample))
+        return method
+
+    return decorate
+
+
+def rows(them, *values, sample=None, **more):
+    """Makes a method the test of rows that differ in what was done, what the method is given, and the status.
+
+    Each of them has those three; sample is what the method is given for the sample.
+    """
+
+    def decorate(method):
+        for done, given, status in reversed(them):
+            method = row(done, *values, status=status, given=[given], sample=given == sample, **more)(method)
         return method
 
     return decorate
@@ -88,7 +110,8 @@ class FaultsTestCase(DesktopTestCase):
     @classmethod
     def table(cls):
         """The table of the section as it belongs into the document."""
-        return HEAD + "".join(row_.line() for row_ in cls.rows)
+        head = HEAD if cls.rows[0].root is None else [*HEAD, ROOT]
+        return _line(head) + "|---" * len(head) + "|\n" + "".join(row_.line() for row_ in cls.rows)
 
     def setUp(self):
         self.later = lambda: None
@@ -155,9 +178,12 @@ class FaultsTestCase(DesktopTestCase):
             self.take_picture()
         status = installer.wait_exit(lambda: self.leave(installer))
         self.later()
-        found = Row(expected.done, expected.seen, self.log(installer), self.system(installer), status)
+        if status < 0:
+            status = signal.Signals(-status).name
+        found = Row(expected.done, expected.seen, self.log(installer), self.system(installer), status,
+                    self.root(installer))
         self.maxDiff = None
-        self.assertEqual(found, expected)
+        self.assertEqual(vars(found), vars(expected))
         type(self).verified.append(found.line())
         if not RENEW:
             self.assertIn(found.line(), _sections().get(self.section, ""))
@@ -178,13 +204,16 @@ class FaultsTestCase(DesktopTestCase):
             self.assertEqual(area.getText(0, -1) or "empty", text)
         elif kind == "bar at rest":
             installer.wait_rest()
-            self.assertTrue(installer.shows("label", "Installing <b>Ondrel Vexora Lumiq</b>..."))
+            self.assertTrue(installer.shows("label", INSTALLING))
         elif kind == "window":
             self.assertTrue(installer.is_active())
         elif kind == "nothing":
             wait_until("the end of the program", lambda: not installer.is_running())
         elif kind == "start screen":
             self.assertEqual(installer.find("push button").name, text)
+        elif kind == "installing":
+            installer.find("label", INSTALLING)
+            self.assertLess(installer.progress(), 100)
         else:
             self.fail(f"nobody sees {kind}")
 
@@ -221,6 +250,10 @@ class FaultsTestCase(DesktopTestCase):
         """What the program has written to the system log, as rows tell it."""
         return self.told(installer, installer.output()) or "none"
 
+    def root(self, _installer):
+        """What ran with root's rights, or nothing in sections that do not tell of it."""
+        return None
+
     def told(self, installer, text):
         """A text with words for the folders that differ from run to run."""
         stage = installer.stage
@@ -245,9 +278,13 @@ def _test(method, row_, given):
     return test
 
 
+def _line(cells):
+    return "| " + " | ".join(cell.replace("|", "\\|") for cell in cells) + " |\n"
+
+
 def _cell(text):
     """A text of log or system log with its lines under one another."""
-    return text if text in STATES else "<br>".join(f"`{line}`" for line in text.splitlines())
+    return text if text in STATES else "<br>".join(f"`{line}`" for line in text.splitlines() if line)
 
 
 def _sections():

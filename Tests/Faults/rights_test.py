@@ -1,14 +1,16 @@
 """The rights of root for the second run of install: who is asked, who answers, and what runs then."""
 
 import os
+import re
 import shutil
 from pathlib import Path
 
 from desktop import wait_until
 from polkit import answers, as_root, running_polkit, turn
 from rights import ASKING, FAILED, GRANTED, MEANT, REFUSAL, RightsTestCase
-from rows import FaultsTestCase, row
+from rows import FaultsTestCase, row, rows
 
+NOT_TRIED = f"Upgrade system-wide not tried: a shell might not start install alone\n{FAILED}"
 SAYS = "Error executing command as another user: "
 REPORTED = "\n\nThis incident has been reported.\n"
 
@@ -101,3 +103,58 @@ class AdministratorTest(RightsTestCase):
             self.note(stage, name)
         name, value = variable.replace("$SCRATCH", str(stage.folder)).split("=")
         return self.answered(stage, **{name: value})
+
+
+def shown(name):
+    """A file name in code of the document, with escapes for what cannot be seen."""
+    text = os.fsencode(name.replace("\\", "\\\\")).decode("utf-8", "backslashreplace")
+    text = "".join(letter if letter.isprintable() else letter.encode("unicode_escape").decode() for letter in text)
+    if len(text) > 50:
+        text = f"{text[:10]}… ({len(text)} letters)"
+    return f"`` {text} ``" if "`" in text else f"`{text}`"
+
+
+def folders(*names):
+    """The rows of folders of those names."""
+    return [(shown(name), name, 0) for name in names]
+
+
+# Names that a shell reads as they are, and those that it would or might read otherwise.
+STARTED = ("My Disk", "two  blanks", " before", "behind ", "setup [1", "1] setup", "{a}", "~", "~root", "!", "#1",
+           "50%", "a=b", "@", "-x", "a,b:c^+", "Größe 日本 بيت", "no\u00a0break", "\U0001f3e0\U0001f468\u200d\U0001f469",
+           "\x01\x08\x1b\x7f", "\r", "n" * 255, "[a]", "a*", "a?")
+REFUSED = ("R&D", "Ann's Files", '"own"', "setup (1)", "a$b", "a$(id)", "a`id`", "a;id", "a|id", "a&id", "a<b", "a>b",
+           "a\tb", "two\nlines", r"two\nlines", "a\\", r"a\ b")
+
+
+class FolderNamesTest(RightsTestCase):
+    """An install that asks for root's rights; what the program then wants to run with them is allowed."""
+
+    section = "Administrator rights below a folder with that name"
+
+    @rows(folders(*STARTED), "success", ASKING, GRANTED, root=MEANT)
+    @rows(folders("caf\udce9"), "success", ASKING, f"GLib-CRITICAL\n{GRANTED}", root=MEANT)
+    @rows(folders(*REFUSED), REFUSAL, ASKING, NOT_TRIED, root="nothing", sample="a;id")
+    def named(self, name):
+        stage = self.asking(stage=name)
+        # What a shell that took the name apart would start.
+        first = re.split(r"[^\w*]", name)[0]
+        if first not in ("", name):
+            self.note(stage, first)
+        return self.answered(stage)
+
+    def system(self, installer):
+        # Of names that are no UTF-8 a library of pkexec complains, in words and numbers that differ from run to run.
+        return re.sub(r"(\n?\(process:\d+\): (GLib-CRITICAL) .*)+", r"\2", super().system(installer))
+
+    @row("`a*`, beside `ab`", REFUSAL, ASKING, NOT_TRIED, root="nothing")
+    def matches_another(self):
+        stage = self.asking(stage="a*")
+        self.note(stage, "ab")
+        return self.answered(stage)
+
+    @row("`[a]`, where others may add names", REFUSAL, ASKING, NOT_TRIED, root="nothing")
+    def may_match_another(self):
+        stage = self.asking(stage="[a]")
+        self.made(stage.folder, 0o777)
+        return self.answered(stage)

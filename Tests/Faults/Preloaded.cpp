@@ -12,6 +12,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
@@ -20,13 +21,16 @@
 
 namespace {
 
+std::string linkOf(const char* fault) {
+    const char* const folder = std::getenv("VEXORA_FAULTS");
+    return std::string(folder == nullptr ? "" : folder) + '/' + fault;
+}
+
 /// The fault's number; none while it is not wanted. Takes no descriptor, and leaves errno alone.
 std::optional<long> wanted(const char* fault) {
     const int error = errno;
-    const char* const folder = std::getenv("VEXORA_FAULTS");
     std::array<char, 32> number{};
-    const std::string link = std::string(folder == nullptr ? "" : folder) + '/' + fault;
-    const ssize_t size = ::readlink(link.c_str(), number.data(), number.size() - 1);
+    const ssize_t size = ::readlink(linkOf(fault).c_str(), number.data(), number.size() - 1);
     errno = error;
     return size < 0 ? std::nullopt : std::optional(std::strtol(number.data(), nullptr, 10));
 }
@@ -55,10 +59,18 @@ int openLater(const char* path, int flags, mode_t mode) {
     return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-/// What the program starts has no such faults.
-struct AloneInTheProgram {
-    AloneInTheProgram() { ::unsetenv("LD_PRELOAD"); }
-} const alone;
+/// Holds the end of the process up, once all others have left, for as long as the link has the name that tells of this.
+void leaveLater() {
+    if (wanted("leaving")) {
+        ::rename(linkOf("leaving").c_str(), linkOf("left").c_str());
+    }
+    while (wanted("left")) {
+        ::usleep(10000);
+    }
+}
+
+/// What is registered first is called last.
+const int registered = std::atexit(leaveLater);
 
 } // namespace
 
@@ -78,6 +90,8 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
 int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t* actions,
                 const posix_spawnattr_t* attributes, char* const* arguments,
                 char* const* environment) {
+    // What the program starts has no such faults.
+    ::unsetenv("LD_PRELOAD");
     return wanted("process") ? EAGAIN
                              : covered<decltype(posix_spawn)>("posix_spawn")(
                                    process, path, actions, attributes, arguments, environment);

@@ -122,3 +122,20 @@ class RunningTest(FaultsTestCase):
 
         self.later = later
         return installer
+
+    @row("Close is clicked while install runs, and the last step out of the process takes until install has failed",
+         "installing", f"{BEGUN}end\n", "install ended with status 3\n", sample=True)
+    def leaving_takes_long(self):
+        stage = self.stage(f"{HELD}; exit 3")
+        installer = self.held(self.preloaded(stage))
+        self.fault(stage, "leaving")
+
+        def leave(_):
+            installer.click(installer.find("push button", "Close"))
+            wait_until("the last step", stage.mark("left").is_symlink)
+            stage.mark("go").touch()
+            wait_until("the outcome", installer.output)
+            stage.mark("left").unlink()
+
+        self.leave = leave
+        return installer

@@ -22,6 +22,7 @@ class Windows:
         self._library = ctypes.CDLL("libX11.so.6")
         self._library.XOpenDisplay.restype = ctypes.c_void_p
         self._library.XInternAtom.restype = ctypes.c_ulong
+        self._library.XDefaultRootWindow.restype = ctypes.c_ulong
         # A window may have gone before it is spoken to.
         handler = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)
         self._ignore = handler(lambda display, error: 0)
@@ -37,9 +38,25 @@ class Windows:
 
     def of(self, process):
         """The window that a process shows, or nothing yet."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process.pid)], check=False, text=True,
-                               env=self._desktop.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        return int(found.stdout.split()[0]) if found.stdout else None
+        root = self._library.XDefaultRootWindow(self._display)
+        return next((window for window in self._numbers(root, b"_NET_CLIENT_LIST")
+                     if self._numbers(window, b"_NET_WM_PID") == [process.pid]), None)
+
+    def _numbers(self, window, property_name):
+        """The numbers that a property of a window holds; none where it has no such property."""
+        kind, size, count, more = (ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong())
+        data = ctypes.POINTER(ctypes.c_ulong)()
+        self._library.XGetWindowProperty(
+            self._display, ctypes.c_ulong(window), ctypes.c_ulong(self._atom(property_name)), ctypes.c_long(0),
+            ctypes.c_long(1024), False, ctypes.c_ulong(0), ctypes.byref(kind), ctypes.byref(size), ctypes.byref(count),
+            ctypes.byref(more), ctypes.byref(data))
+        numbers = data[:count.value] if data else []
+        if data:
+            self._library.XFree(data)
+        return numbers
+
+    def _atom(self, name):
+        return self._library.XInternAtom(self._display, name, False)
 
     def operate(self, *arguments):
         """Has xdotool do something to windows that may have gone."""
@@ -48,8 +65,7 @@ class Windows:
 
     def close(self, window):
         """Tells a window that its owner closes it."""
-        protocols, close = (self._library.XInternAtom(self._display, name, False)
-                            for name in (b"WM_PROTOCOLS", b"WM_DELETE_WINDOW"))
+        protocols, close = self._atom(b"WM_PROTOCOLS"), self._atom(b"WM_DELETE_WINDOW")
         message = ClientMessage(CLIENT_MESSAGE, 0, 1, self._display, window, protocols, 32, (close, 0))
         self._library.XSendEvent(self._display, ctypes.c_ulong(window), False, ctypes.c_long(0), ctypes.byref(message))
         self._library.XSync(self._display, False)

@@ -19,14 +19,22 @@ constexpr std::size_t headerSize = alignof(std::max_align_t);
 
 } // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* block = std::malloc(size + headerSize);
     if (block == nullptr) {
-        throw std::bad_alloc();
+        return nullptr;
     }
     *static_cast<std::size_t*>(block) = size;
     bytesInUse += size;
     return static_cast<std::byte*>(block) + headerSize;
+}
+
+void* operator new(std::size_t size) {
+    void* memory = operator new(size, std::nothrow);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    return memory;
 }
 
 void operator delete(void* memory) noexcept {

@@ -100,7 +100,7 @@ class TerminalTest(StatesTestCase):
         self.leave = lambda _: self.terminal.write(keys) if keys else self.terminal.close()
         return installer
 
-    @rows(all_keys("while install runs"), "installing", f"{BEGUN}end\n", root="nothing", sample=b"")
+    @rows(all_keys("while install runs"), "installing", f"{BEGUN}end\n", root="nothing", sample=b"\x03")
     def while_install_runs(self, keys):
         return self.typed(keys, self.running())
 

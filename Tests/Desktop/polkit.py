@@ -115,9 +115,9 @@ class Prompt:
     def __exit__(self, *details):
         self._bus.close_sync(None)
 
-    def wait(self):
-        """Waits until it shows."""
-        wait_until("the prompt", lambda: self._question)
+    def wait(self, deadline):
+        """Waits until it shows, for so many seconds at most."""
+        wait_until("the prompt", lambda: self._question, deadline)
 
     @property
     def caller(self):

@@ -73,7 +73,8 @@ class AdministratorTest(RightsTestCase):
         instead = f"mount --bind {programs} /usr/bin"
         if self.desktop.start([*apart.split(), instead]).wait() != 0:
             self.skipTest("an ordinary user may have no other /usr/bin here")
-        return self.started_on(self.wrapped(stage, f"""exec {apart} '{instead} && exec "$0"' "$program" """))
+        stage = self.wrapped(stage, f"""exec {apart} '{instead} && exec "$0"' "$program" """)
+        return self.decided(self.started_on(stage))
 
     @row("There is no system bus", REFUSAL, ASKING, "Error getting authority: Error initializing authority: Could not "
          f"connect: No such file or directory\n{FAILED}", root="nothing")
@@ -81,7 +82,7 @@ class AdministratorTest(RightsTestCase):
         self.enterContext(turn())
         if answers():
             self.skipTest("the system's own bus is running")
-        return self.started_on(self.asking())
+        return self.decided(self.started_on(self.asking()))
 
     @row("Nobody shows prompts", REFUSAL, ASKING, f"{SAYS}No authentication agent found.\n{FAILED}",
          root="nothing")
@@ -89,7 +90,7 @@ class AdministratorTest(RightsTestCase):
         if os.path.isdir("/run/systemd/sessions") and os.listdir("/run/systemd/sessions"):
             self.skipTest("the session here may show prompts")
         self.enterContext(running_polkit())
-        return self.started_on(self.asking())
+        return self.decided(self.started_on(self.asking()))
 
     @row("SHELL is not listed in /etc/shells", "success", ASKING, GRANTED, root=MEANT, given=["SHELL=/nonexistent"])
     @row("LC_TIME has a slash", "success", ASKING, GRANTED, root=MEANT, given=["LC_TIME=en/US"])

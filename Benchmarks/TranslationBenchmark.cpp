@@ -8,6 +8,7 @@
 #include "tr.h"
 
 #include "FileRules.h"
+#include "MedianReporter.h"
 
 #include <benchmark/benchmark.h>
 
@@ -291,32 +292,6 @@ void loadLineOfQuotes(benchmark::State& state) {
     load(state, std::string(static_cast<std::size_t>(state.range(0)) << 20, '"'));
 }
 
-/// Prints as usual and remembers the median of every benchmark that was repeated.
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    MedianReporter() : ConsoleReporter(OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.aggregate_name == "median") {
-                medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-            }
-        }
-    }
-
-    void printRatio(const char* what, const std::string& ours, const std::string& theirs) const {
-        const auto mine = medians_.find(ours);
-        const auto other = medians_.find(theirs);
-        if (mine != medians_.end() && other != medians_.end()) {
-            std::printf("%s: ours/gettext = %.2f\n", what, mine->second / other->second);
-        }
-    }
-
-private:
-    std::map<std::string, double> medians_;
-};
-
 void repeated(benchmark::internal::Benchmark* benchmark) {
     benchmark->Repetitions(repetitions)->ReportAggregatesOnly();
 }
@@ -365,11 +340,12 @@ int main(int argc, char** argv) {
         benchmark::RunSpecifiedBenchmarks(&reporter);
         std::printf(
             "\nThe program's 18 texts, medians of processor time, below 1 ours is faster:\n");
-        reporter.printRatio("load", "loadOurs", "loadGettext");
-        reporter.printRatio("translate with formatting", "translateOurs", "translateGettext");
-        reporter.printRatio("the same with an argument", "translateArgumentOurs",
+        reporter.printRatio("load: ours/gettext", "loadOurs", "loadGettext");
+        reporter.printRatio("translate with formatting: ours/gettext", "translateOurs",
+                            "translateGettext");
+        reporter.printRatio("the same with an argument: ours/gettext", "translateArgumentOurs",
                             "translateArgumentGettext");
-        reporter.printRatio("look-up alone", "lookUpOurs", "lookUpGettext");
+        reporter.printRatio("look-up alone: ours/gettext", "lookUpOurs", "lookUpGettext");
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return EXIT_FAILURE;

@@ -19,13 +19,29 @@ class LicenseText : public BackendTest::Fixture {
 protected:
     QTextEdit& edit() const { return *find("licenseText")->findChild<QTextEdit*>(); }
 
-    /// Opens the licence on a file with that text.
-    void open(const std::u16string& agreement, const std::string& language) {
+    /// Lets the licence have that text.
+    void supply(const std::u16string& agreement, const std::string& language) {
         resources.write("LA_" + language, {reinterpret_cast<const char*>(agreement.data()),
                                            agreement.size() * sizeof(char16_t)});
         environment.resources = resources.path().string();
         useLanguage(language);
+    }
+
+    /// Opens the licence on a file with that text.
+    void open(const std::u16string& agreement, const std::string& language) {
+        supply(agreement, language);
         enter(State::LicenseOnStart);
+    }
+
+    /// Opens the licence on ten thousand lines, without letting pending work be done.
+    void openLong() {
+        std::u16string agreement = u"\ufeffFirst line";
+        for (int line = 0; line < 10000; ++line) {
+            agreement += u"\nOne of very many lines";
+        }
+        supply(agreement, "en");
+        openWindow();
+        content->switchToLicenseView();
     }
 
     TestSupport::TemporaryFolder resources;
@@ -87,6 +103,25 @@ TEST_F(LicenseText, scrollsByKeysAndWheel) {
     press(Key::Home);
     EXPECT_EQ(bar.value(), 0);
     EXPECT_EQ(edit().horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(LicenseText, setsNoLinesFarBelowTheVisibleOnesWhenItOpens) {
+    openLong();
+    const auto lines = [this](const QTextBlock& block) { return block.layout()->lineCount(); };
+    EXPECT_EQ(edit().document()->blockCount(), 10001);
+    EXPECT_EQ(lines(edit().document()->lastBlock()), 0);
+    edit().grab();
+    EXPECT_EQ(lines(edit().document()->firstBlock()), 1);
+    EXPECT_EQ(lines(edit().document()->findBlockByNumber(1000)), 0);
+}
+
+TEST_F(LicenseText, scrollsToItsEndBeforeAllLinesAreSet) {
+    openLong();
+    press(Key::End);
+    const QScrollBar& bar = *edit().verticalScrollBar();
+    EXPECT_EQ(bar.value(), bar.maximum());
+    const QPoint bottom = edit().viewport()->rect().bottomLeft() - QPoint(0, 20);
+    EXPECT_EQ(edit().cursorForPosition(bottom).blockNumber(), 10000);
 }
 
 TEST_F(LicenseText, leavesNothingToSeeInAFailure) {

@@ -21,6 +21,19 @@ Pane* paneOf(View& view) {
     return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
 }
 
+/// Lets the way to the end of a text lead there while lines that are out of sight are not set yet,
+/// which is done when there is time.
+void findEnd(QScrollBar& bar, const QTextDocument& document) {
+    QObject::connect(&bar, &QScrollBar::actionTriggered, &bar, [&](int action) {
+        if (action == QScrollBar::SliderToMaximum) {
+            // Asking for the size sets them all; the bar would hear of it too late.
+            const int end = qRound(document.size().height()) - bar.pageStep();
+            bar.setMaximum(qMax(bar.maximum(), end));
+            bar.setSliderPosition(bar.maximum());
+        }
+    });
+}
+
 } // namespace
 
 Qt::LayoutDirection prevailingDirection(const QString& text) {
@@ -127,7 +140,9 @@ QtTextView::QtTextView(Size size) : Shown(new QTextEdit) {
     edit()->setContextMenuPolicy(Qt::NoContextMenu);
     edit()->setTabChangesFocus(true);
     edit()->document()->setDocumentMargin(14.0);
+    edit()->setUndoRedoEnabled(false);
     edit()->viewport()->setAutoFillBackground(false);
+    findEnd(*edit()->verticalScrollBar(), *edit()->document());
 }
 
 void QtTextView::applyRichText() {
@@ -135,20 +150,26 @@ void QtTextView::applyRichText() {
 }
 
 void QtTextView::applyString() {
-    const QString text = toQString(string());
-    // Paragraphs would follow their first letter, which may be that of a name in another script.
-    QTextOption option = edit()->document()->defaultTextOption();
-    option.setTextDirection(prevailingDirection(text));
-    edit()->document()->setDefaultTextOption(option);
-    edit()->setPlainText(text);
+    if (edit()->parentWidget() != nullptr) {
+        showString();
+    }
 }
 
-void QtTextView::keepLinesApart() {
+void QtTextView::showString() {
+    const QString text = toQString(string());
+    QTextDocument& document = *edit()->document();
+    document.clear();
+    // Paragraphs would follow their first letter, which may be that of a name in another script.
+    QTextOption option = document.defaultTextOption();
+    option.setTextDirection(prevailingDirection(text));
+    document.setDefaultTextOption(option);
     QTextBlockFormat format;
     format.setLineHeight(QFontMetricsF(edit()->font()).height(), QTextBlockFormat::MinimumHeight);
-    QTextCursor everything(edit()->document());
-    everything.select(QTextCursor::Document);
-    everything.mergeBlockFormat(format);
+    QTextCursor cursor(&document);
+    cursor.setBlockFormat(format);
+    // Each paragraph takes the format of the one before: a long text is gone through once.
+    cursor.insertText(text);
+    edit()->moveCursor(QTextCursor::Start);
 }
 
 void QtTextView::applyEditable() {
@@ -178,7 +199,7 @@ void QtScrollView::applyDocumentView() {
     }
     if (const auto text = std::dynamic_pointer_cast<QtTextView>(documentView())) {
         widget()->layout()->addWidget(text->edit());
-        text->keepLinesApart();
+        text->showString();
         widget()->setFocusProxy(text->edit());
         text->edit()->setAccessibleName(widget()->accessibleName());
         widget()->setAccessibleName({});

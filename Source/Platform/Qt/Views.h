@@ -97,9 +97,9 @@ public:
 
     QTextEdit* edit() const { return static_cast<QTextEdit*>(widget()); }
 
-    /// Gives every line no less room than the area's own font needs, whatever fonts stand in for it.
-    /// Once the area is in its place and has its font.
-    void keepLinesApart();
+    /// Puts the text into the area, each line with no less room than the area's own font needs,
+    /// whatever fonts stand in for it. Once the area is in its place and has its font.
+    void showString();
 
 protected:
     void applyRichText() override;

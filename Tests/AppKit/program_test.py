@@ -66,26 +66,34 @@ class Program:
         self.desktop.xdotool("mousemove", "--window", self.window, *place, "sleep", 0.2,
                              "mousedown", 1, "sleep", 0.1, "mouseup", 1)
 
-    def shows(self, place, condition):
-        """Whether a condition holds for the red, green and blue of a place of the content."""
+    def color(self, place):
+        """The red, green and blue of a place of the content, or nothing while no picture can be taken."""
         text = subprocess.run(
             ["import", "-window", self.window, "-crop", "1x1+{}+{}".format(*place), "-depth", "8",
              "txt:-"],
             env=self.desktop.environment, check=False, stdout=subprocess.PIPE,
             stderr=subprocess.DEVNULL, text=True).stdout
-        # No picture is taken while the display is busy with the window.
         found = re.search(r"#(\w\w)(\w\w)(\w\w)", text)
-        return found is not None and condition(*(int(part, 16) for part in found.groups()))
+        return [int(part, 16) for part in found.groups()] if found else []
 
     def wait_success(self):
         """Waits until the bar is full, which is grey; what is not painted yet is black."""
-        wait_until("a full bar", lambda: self.shows(
-            END_OF_BAR, lambda *color: min(color) > 50 and max(color) < 150), 60)
+        self._wait_color("a full bar", END_OF_BAR,
+                         lambda *color: min(color) > 50 and max(color) < 150)
 
     def wait_failure(self):
         """Waits until the red icon shows."""
-        wait_until("the failure's icon", lambda: self.shows(
-            MIDDLE_OF_ICON, lambda red, green, blue: red > 140 and max(green, blue) < 90), 60)
+        self._wait_color("the failure's icon", MIDDLE_OF_ICON,
+                         lambda red, green, blue: red > 140 and max(green, blue) < 90)
+
+    def _wait_color(self, what, place, condition):
+        def meets():
+            color = self.color(place)
+            return color and condition(*color)
+
+        wait_until(lambda: f"{what}, but {self.color(place)}; log: {self.bundle.log_text()!r}; "
+                           f"active: {self._ask('getactivewindow', 'getwindowname')!r}; "
+                           f"{self.output()}", meets, 60)
 
     def _find_window(self):
         if self.process.poll() is not None:

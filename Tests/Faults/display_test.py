@@ -22,8 +22,9 @@ class Unheard(Installer):
 
     def __init__(self, stage, desktop):
         self.own = desktop
-        super().__init__(stage, environment={name: desktop.environment[name]
-                                             for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")})
+        super().__init__(stage, environment={
+            "LC_ALL": "C.UTF-8",
+            **{name: desktop.environment[name] for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}})
 
     def is_active(self):
         """Whether the window shows and has the keyboard."""
@@ -37,6 +38,7 @@ class Unheard(Installer):
         self.check_running()
         return self.is_active()
 
+
 class DisplayTest(FaultsTestCase):
     """A display of the program's own, beside the one of the class, which ends under it."""
 
@@ -49,7 +51,7 @@ class DisplayTest(FaultsTestCase):
     @row("There is no display", "nothing", "none", TOOLKIT, given=[""], sample=True)
     @row("The display is nobody's", "nothing", "none", TOOLKIT, given=[":none"])
     def no_display(self, name):
-        return self.enterContext(Unseen(self.stage(), environment={"DISPLAY": name}))
+        return self.enterContext(Unseen(self.stage(), environment={"LC_ALL": "C.UTF-8", "DISPLAY": name}))
 
     @row("The X server is killed on the start screen", "nothing", "none", TOOLKIT)
     def killed_at_start(self):

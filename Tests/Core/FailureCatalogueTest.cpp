@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <fstream>
 #include <limits>
 #include <string>
 #include <vector>
@@ -49,6 +50,22 @@ TEST(FailureCatalogue, listedStatusesHaveTheirMessages) {
         EXPECT_EQ(composed(status).string(), message + " Open logs");
         EXPECT_EQ(failureMessageForStatus(status).presentation, Presentation::Failure) << status;
     }
+}
+
+TEST(FailureCatalogue, documentExplainsEveryRow) {
+    std::vector<std::string> expected;
+    for (const FailureMessage& row : Vexora::failureMessages) {
+        expected.push_back("## " + std::to_string(row.status) + ": " + row.identifier);
+    }
+    expected.emplace_back("## 127 and any other status");
+    std::vector<std::string> headings;
+    std::ifstream document(FAILURES_DOCUMENT);
+    for (std::string line; std::getline(document, line);) {
+        if (line.starts_with("## ")) {
+            headings.push_back(line);
+        }
+    }
+    EXPECT_EQ(headings, expected);
 }
 
 TEST(FailureCatalogue, everyRowIsFoundByItsStatus) {

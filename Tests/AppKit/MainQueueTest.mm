@@ -20,6 +20,10 @@ protected:
     std::vector<int> order;
 };
 
+TEST_F(EventLoop, knowsOfThreadsBeforeTheFirst) {
+    EXPECT_TRUE([NSThread isMultiThreaded]);
+}
+
 TEST_F(EventLoop, wakesAnEventLoopThatSleeps) {
     Clock::time_point posted;
     Clock::time_point ran;

@@ -1,12 +1,11 @@
 #include "Platform/AppKit/Compatibility.h"
+#include "Platform/Backend.h"
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    const Vexora::AutoreleaseScope scope;
-    [NSApplication sharedApplication];
-    Vexora::leaveEndedProgramsAlone();
+    const Vexora::Backend backend(argc, argv);
     [NSApp finishLaunching];
     return RUN_ALL_TESTS();
 }

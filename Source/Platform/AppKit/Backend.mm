@@ -17,9 +17,16 @@
 namespace Vexora {
 namespace {
 
+/// Tells the toolkit of threads before the first one that it did not start itself: otherwise that
+/// one changes the toolkit's locks under the event loop, and the window is never painted again.
+void beMultithreaded() {
+    [NSThread detachNewThreadSelector:@selector(self) toTarget:[NSThread class] withObject:nil];
+}
+
 /// The desktop as the program shows itself on it.
 struct Desktop {
     Desktop() {
+        beMultithreaded();
         [NSApplication sharedApplication];
         leaveEndedProgramsAlone();
     }

@@ -145,7 +145,8 @@ void TextLabel::paintEvent(QPaintEvent*) {
     QTextLayout layout;
     const QSizeF size = layOut(layout, inside.width());
     qreal top = inside.top();
-    if (alignment().testFlag(Qt::AlignVCenter)) {
+    const bool tooTall = size.height() > inside.height();
+    if (alignment().testFlag(Qt::AlignVCenter) || tooTall) {
         top += (inside.height() - size.height()) / 2;
     } else if (alignment().testFlag(Qt::AlignBottom)) {
         top += inside.height() - size.height();

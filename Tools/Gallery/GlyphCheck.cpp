@@ -4,6 +4,7 @@
 #include "Words.h"
 
 #include <QGlyphRun>
+#include <QRawFont>
 #include <QTextEdit>
 #include <QTextLayout>
 
@@ -49,7 +50,9 @@ QStringList mixedIn(const QTextLayout& layout) {
         QStringList families;
         const auto runs = layout.glyphRuns(start, end - start);
         for (const QGlyphRun& run : runs) {
-            families.append(run.rawFont().familyName());
+            const QRawFont font = run.rawFont();
+            // What draws boxes has no tables, and asking for its name crashes.
+            families.append(font.fontTable("head").isEmpty() ? QString() : font.familyName());
         }
         // Runs come in an order of their own.
         families.sort();

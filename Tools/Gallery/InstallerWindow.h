@@ -11,19 +11,25 @@
 #include "Scenes.h"
 #include "ViewController.h"
 
+#include <QGuiApplication>
+#include <QLocale>
 #include <QTemporaryDir>
 
 #include <memory>
 
 namespace Gallery {
 
-/// The backend's application, told which language lays the window out.
+/// The backend's application, told which language's direction the window takes.
 class GalleryApplication : public Vexora::QtApplication {
 public:
     explicit GalleryApplication(std::string layoutLanguage)
         : layoutLanguage_(std::move(layoutLanguage)) {}
 
-    void setLanguage(const std::string&) override { QtApplication::setLanguage(layoutLanguage_); }
+    void setLanguage(const std::string& code) override {
+        QtApplication::setLanguage(code);
+        const QLocale layout(QString::fromStdString(layoutLanguage_));
+        QGuiApplication::setLayoutDirection(layout.textDirection());
+    }
     void exit(int) override {}
 
 private:

@@ -1,12 +1,11 @@
 #include "Platform/Qt/Application.h"
 
 #include "Platform/Qt/Conversions.h"
+#include "Platform/Qt/Typeface.h"
 
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QEvent>
-#include <QFontDatabase>
-#include <QFontInfo>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPushButton>
@@ -23,20 +22,6 @@ namespace {
 QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
     auto* window = qobject_cast<QtWindow*>(object);
     return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
-}
-
-/// Puts a typeface that has the whole of a script first among those that stand in for the desktop's
-/// where that one lacks letters. Left alone, the toolkit takes for each letter the first one that has
-/// it, also in the middle of a word, where letters of two typefaces do not join. A desktop's own
-/// typeface that has a part of the script still comes first.
-void preferTypefaceOf(QLocale::Script script) {
-    const QString name = script == QLocale::BengaliScript ? QStringLiteral("Bengali")
-                                                          : QLocale::scriptToString(script);
-    const QString family = "Noto Sans " + name;
-    if (!QFontDatabase::styles(family).isEmpty()) {
-        const QFont desktop = QGuiApplication::font();
-        QFont::insertSubstitutions(desktop.family(), {QFontInfo(desktop).family(), family});
-    }
 }
 
 } // namespace
@@ -103,7 +88,7 @@ QPushButton* QtWindow::buttonForReturn() const {
     return found == buttons.end() ? nullptr : *found;
 }
 
-QtApplication::QtApplication() {
+QtApplication::QtApplication() : desktopFont_(QApplication::font()) {
     qApp->installEventFilter(this);
     QAccessible::installFactory(makeWindowAccessible);
 }
@@ -120,7 +105,16 @@ void QtApplication::onWindowWillClose(std::function<void()> handler) {
 void QtApplication::setLanguage(const std::string& languageCode) {
     const QLocale locale(toQString(languageCode));
     QGuiApplication::setLayoutDirection(locale.textDirection());
-    preferTypefaceOf(locale.script());
+    const QFont font = fontForLanguage(desktopFont_, toQString(languageCode));
+    if (font != QApplication::font()) {
+        QApplication::setFont(font);
+        // Before the event loop runs, no widget hears of it.
+        QEvent changed(QEvent::ApplicationFontChange);
+        const auto widgets = QApplication::allWidgets();
+        for (QWidget* widget : widgets) {
+            QCoreApplication::sendEvent(widget, &changed);
+        }
+    }
 }
 
 void QtApplication::exit(int status) {

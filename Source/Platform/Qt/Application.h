@@ -48,6 +48,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// What the desktop has its texts set in.
+    QFont desktopFont_;
     QtWindow mainWindow_;
     std::function<void()> closeHandler_;
 };

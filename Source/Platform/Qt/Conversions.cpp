@@ -21,9 +21,9 @@ QFont toQFont(const Font& font) {
     QFont result = QApplication::font();
     // Asking for the styles looks one family up; hasFamily would list them all.
     if (!QFontDatabase::styles(name).isEmpty()) {
-        result.setFamily(name);
+        result.setFamilies(QStringList(name) + result.families());
     } else if (!QFontDatabase::styles(family).isEmpty()) {
-        result.setFamily(family);
+        result.setFamilies(QStringList(family) + result.families());
     }
     if (name.endsWith(QLatin1String("-SemiBold"))) {
         result.setWeight(QFont::DemiBold);

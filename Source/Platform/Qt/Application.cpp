@@ -93,6 +93,10 @@ QtApplication::QtApplication() : desktopFont_(QApplication::font()) {
     QAccessible::installFactory(makeWindowAccessible);
 }
 
+QtApplication::~QtApplication() {
+    QApplication::setFont(desktopFont_);
+}
+
 void QtApplication::activateIgnoringOtherApps() {
     mainWindow_.raise();
     mainWindow_.activateWindow();

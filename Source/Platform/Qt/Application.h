@@ -35,6 +35,9 @@ class QtApplication : public QObject, public Application {
 
 public:
     QtApplication();
+    QtApplication(const QtApplication&) = delete;
+    QtApplication& operator=(const QtApplication&) = delete;
+    ~QtApplication() override;
 
     QtWindow& mainWindow() { return mainWindow_; }
 

@@ -217,7 +217,10 @@ QSize PaperStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     if (type == CT_PushButton) {
         // Not by the text: buttons in a row are of one height, whatever fonts stand in for theirs.
-        size.setHeight(option->fontMetrics.height() + 18);
+        size.setHeight(qMax(46, option->fontMetrics.height() + 12));
+        if (isHelpButton(widget)) {
+            size.setWidth(size.height());
+        }
     }
     return size;
 }

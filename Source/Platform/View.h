@@ -10,7 +10,7 @@
 namespace Vexora {
 
 /// Where a view goes among its new siblings: under all of them or over all of them.
-enum class Ordering { Below = -1, Above = 1 };
+enum class Ordering { Below, Above };
 
 /// Also what stands in for an outlet that an interface definition lacks: it takes every call and
 /// shows nothing.

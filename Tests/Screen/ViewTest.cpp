@@ -17,6 +17,10 @@ public:
 
     std::vector<std::string> told;
 
+    /// The view that is to be there when this one is told that it is removed.
+    std::weak_ptr<Vexora::View> removed;
+    bool heldWhenRemoved = false;
+
 protected:
     void applySubviewAdded(View& child, Ordering ordering) override {
         EXPECT_EQ(child.superview(), this);
@@ -26,13 +30,14 @@ protected:
     }
     void applySubviewRemoved(View& child) override {
         EXPECT_EQ(child.superview(), nullptr);
+        heldWhenRemoved = !removed.expired();
         told.push_back("removed");
     }
     void applyHidden() override { told.push_back(isHidden() ? "hidden" : "shown"); }
     void applyAlphaValue() override { told.push_back("alpha " + std::to_string(alphaValue())); }
     void applyCovered() override { told.push_back(isCovered() ? "covered" : "uncovered"); }
     void applyHeightConstraint(double height) override {
-        told.push_back("height " + std::to_string(height));
+        told.push_back(std::to_string(heightConstraints().size()) + ": " + std::to_string(height));
     }
     void applyClickable() override { told.push_back("clickable"); }
 };
@@ -109,10 +114,12 @@ TEST_F(View, removingAViewThatNobodyHoldsDoesNothing) {
 TEST_F(View, removedViewLivesOnlyAsLongAsSomebodyHoldsIt) {
     const std::weak_ptr<Vexora::View> watched = first;
     Vexora::View* const raw = first.get();
+    parent->removed = first;
     parent->addSubview(first);
     first.reset();
     ASSERT_FALSE(watched.expired());
     raw->removeFromSuperview();
+    EXPECT_TRUE(parent->heldWhenRemoved);
     EXPECT_TRUE(watched.expired());
 }
 
@@ -161,6 +168,9 @@ TEST_F(View, removingTheOpaqueViewUncoversItsSiblings) {
     opaque->removeFromSuperview();
     EXPECT_FALSE(first->isCovered());
     EXPECT_EQ(first->told, (Told{"covered", "uncovered"}));
+    EXPECT_EQ(opaque->told, Told{});
+    EXPECT_TRUE(opaque->isOpaque());
+    EXPECT_FALSE(first->isOpaque());
 }
 
 TEST_F(View, coveredViewThatIsTakenAwayIsNoLongerCovered) {
@@ -196,7 +206,7 @@ TEST_F(View, heightConstraintsAddUp) {
     first->addHeightConstraint(200.0);
     first->addHeightConstraint(200.0);
     EXPECT_EQ(first->heightConstraints(), (std::vector<double>{200.0, 200.0}));
-    EXPECT_EQ(first->told, (Told{"height 200.000000", "height 200.000000"}));
+    EXPECT_EQ(first->told, (Told{"1: 200.000000", "2: 200.000000"}));
 }
 
 TEST_F(View, clickCallsItsHandlerEachTime) {

@@ -81,6 +81,14 @@ TEST_F(InterfaceController, missingOutletTakesEveryCallAndShowsNothing) {
     controller->outlet<ProgressIndicator>("missing")->incrementBy(1.0);
     controller->outlet<ScrollView>("missing")->setDocumentView(nullptr);
     controller->outlet<Vexora::View>("missing")->onClick([] {});
+    const auto text = controller->outlet<Vexora::TextView>("missing");
+    text->setRichText(true);
+    text->setString("text");
+    text->setEditable(false);
+    text->setContainerSize({1.0, 2.0});
+    const auto plain = controller->outlet<Vexora::View>("missing");
+    plain->addSubview(text);
+    text->removeFromSuperview();
     EXPECT_EQ(platform.calls.lines(), Lines{});
 }
 

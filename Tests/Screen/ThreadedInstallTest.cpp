@@ -3,6 +3,10 @@
 #include "ScreenFixture.h"
 #include "Support/ThreadedQueues.h"
 
+#include <array>
+#include <atomic>
+#include <string>
+
 using namespace ScreenTest;
 using TestSupport::ThreadedBackgroundQueue;
 using TestSupport::ThreadedMainQueue;
@@ -69,6 +73,30 @@ TEST_F(ThreadedInstall, refusedRightsAreShownWhileTheLicenceIsOpenedAndLeft) {
     EXPECT_EQ(textField("logLabel")->stringValue(),
               "A system-wide installation already exists. Removing or upgrading requires "
               "administrator-level access. Open logs");
+}
+
+TEST_F(ThreadedInstall, logPathsAreWholeWhileAnotherThreadSetsThem) {
+    const std::array<std::string, 2> paths = {std::string(40, 'a'), std::string(4000, 'b')};
+    Vexora::BaseViewController controller(seam);
+    const auto set = [&](const std::string& path) {
+        controller.setLogFolderPath(path);
+        controller.setLogFilePath(path);
+    };
+    set(paths[0]);
+    std::atomic<bool> finished = false;
+    background.async([&] {
+        for (std::size_t turn = 0; turn < 5000; ++turn) {
+            set(paths[turn % 2]);
+        }
+        finished = true;
+    });
+    std::size_t torn = 0;
+    while (!finished) {
+        for (const std::string& path : {controller.logFolderPath(), controller.logFilePath()}) {
+            torn += path != paths[0] && path != paths[1];
+        }
+    }
+    EXPECT_EQ(torn, 0U);
 }
 
 } // namespace

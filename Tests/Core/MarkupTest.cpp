@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <optional>
 #include <string>
 #include <vector>
@@ -116,6 +117,17 @@ TEST(Markup, closingTagHasTheSlashBehindTheFirstCharacterAndNotTheFirstByte) {
 
 TEST(Markup, blueIsTheFixedOpaqueColour) {
     EXPECT_EQ(Vexora::OndrelFontBlueColor, (Color{0.24, 0.44, 0.70, 1.0}));
+}
+
+TEST(Markup, removingTakesNoOtherByteForATag) {
+    for (int value = 0; value < 256; ++value) {
+        const char byte = static_cast<char>(value);
+        const std::string text{'<', byte, '>'};
+        const bool tag = byte == '/' || (value < 128 && std::isalpha(value) != 0);
+        if (byte != '<' && byte != '>') {
+            EXPECT_EQ(removeTags(text), tag ? "" : text) << value;
+        }
+    }
 }
 
 TEST(Markup, removingTakesLettersAndSlashesBetweenAngleBrackets) {

@@ -136,6 +136,20 @@ TEST_F(Allocation, replacedValuesAreNotKept) {
     EXPECT_LE(bytesInUse + large.size() - longValue.size(), before);
 }
 
+TEST_F(Allocation, fileIsKeptAsItIsWhenItIsMostlyKeysAndValues) {
+    constexpr std::size_t size = 1'000'000;
+    for (const std::size_t useful : {size * 4 / 10, size * 6 / 10}) {
+        folder_.write("Localizable.strings", "\"Start\" = \"" + std::string(useful, 'x') +
+                                                 "\"\n//" + std::string(size - useful, 'x') + "\n");
+        const std::size_t before = bytesInUse;
+        KVParser parser("Localizable.strings");
+        parser.setLocaleDir(folder_.path().string());
+        parser.parse();
+        EXPECT_NEAR(static_cast<double>(bytesInUse - before),
+                    static_cast<double>(useful > size / 2 ? size : useful), 10'000.0);
+    }
+}
+
 TEST_F(Allocation, whatIsNoEntryIsNotKept) {
     constexpr std::size_t size = 1'000'000;
     folder_.write("Localizable.strings",

@@ -8,7 +8,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -27,12 +31,18 @@ struct Fault {
     int error = 0;
     /// Whether the error comes once, and reading goes on behind it.
     bool once = false;
+    /// What somebody appends to the file once the first call has come.
+    std::string grown = {};
 };
 
 Fault fault;
 
 /// How the file stood open when it was read last.
 int flags = 0;
+int descriptorFlags = 0;
+
+/// The file that grows.
+std::filesystem::path growing;
 
 } // namespace
 
@@ -44,6 +54,8 @@ extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size) {
         return __real_read(descriptor, buffer, size);
     }
     flags = fcntl(descriptor, F_GETFL);
+    descriptorFlags = fcntl(descriptor, F_GETFD);
+    std::ofstream(growing, std::ios::app) << std::exchange(fault.grown, {});
     if (fault.bytes == 0 && fault.error != 0) {
         errno = fault.error;
         if (fault.once) {
@@ -71,7 +83,7 @@ class KVParserRead : public testing::Test {
 protected:
     KVParserRead() {
         parser_.setLocaleDir(folder_.path().string());
-        folder_.write("Localizable.strings", std::string(first) + second);
+        growing = folder_.write("Localizable.strings", std::string(first) + second);
     }
 
     void parse(const Fault& given) {
@@ -96,6 +108,13 @@ TEST_F(KVParserRead, errorInMidFileKeepsTheEntriesReadSoFar) {
     }
 }
 
+TEST_F(KVParserRead, errorKeepsTheLastByteOfTheLinesReadSoFar) {
+    folder_.write("Localizable.strings", "Close\" = \"Beenden\nInstall\" = \"Installieren\n");
+    parse({.chunk = 4096, .bytes = 30, .error = EIO});
+    EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
+    EXPECT_EQ(parser_.getMessage("Install"), "Install");
+}
+
 TEST_F(KVParserRead, errorInTheFirstLineLeavesNoEntry) {
     parse({.chunk = 4096, .bytes = 17, .error = EIO});
     EXPECT_EQ(parser_.getMessage("Close"), "Close");
@@ -113,10 +132,34 @@ TEST_F(KVParserRead, interruptedReadIsTriedAgain) {
     EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
 }
 
+TEST_F(KVParserRead, fileThatGrowsMeanwhileIsReadToItsEnd) {
+    std::string grown;
+    for (int i = 0; i < 200; ++i) {
+        grown += "\"Key " + std::to_string(i) + "\" = \"" + std::to_string(i) + "\"\n";
+    }
+    for (const std::string& before : std::vector<std::string>{first, ""}) {
+        KVParser parser("Localizable.strings");
+        parser.setLocaleDir(folder_.path().string());
+        folder_.write("Localizable.strings", before);
+        fault = {.active = true, .chunk = 4096, .grown = grown};
+        parser.parse();
+        fault = {};
+        EXPECT_EQ(parser.getMessage("Close"), before.empty() ? "Close" : "Beenden");
+        EXPECT_EQ(parser.getMessage("Key 0"), "0");
+        EXPECT_EQ(parser.getMessage("Key 199"), "199");
+    }
+}
+
 TEST_F(KVParserRead, onlyOpeningDoesNotWait) {
     flags = O_NONBLOCK;
     parse({.chunk = 4096});
     EXPECT_EQ(flags & O_NONBLOCK, 0);
+}
+
+TEST_F(KVParserRead, noOtherProgramInheritsTheFile) {
+    descriptorFlags = 0;
+    parse({.chunk = 4096});
+    EXPECT_EQ(descriptorFlags, FD_CLOEXEC);
 }
 
 TEST_F(KVParserRead, fileIsReadInPiecesOfAnySize) {

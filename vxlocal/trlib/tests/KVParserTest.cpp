@@ -79,6 +79,9 @@ const std::vector<Reading> readings = {
     {"quotes are needed in the separator only",
      R"(Install" = "Installieren)",
      {{"Install", "Installieren"}}},
+    {"a line counts from its first byte to its last",
+     "\"Close\" = \"Beenden\"\nInstall\" = \"Installieren\nStart\" = \"Beginnen\n",
+     {{"Close", "Beenden"}, {"Install", "Installieren"}, {"Start", "Beginnen"}}},
     {"quotes inside the value are written plainly",
      R"("Install" = "Jetzt "gleich" installieren")",
      {{"Install", R"(Jetzt "gleich" installieren)"}}},
@@ -205,6 +208,18 @@ TEST_F(KVParser, fileIsClosedWhenItIsRead) {
     const int before = lowestFreeDescriptor();
     parse("\"Install\" = \"Installieren\"\n");
     EXPECT_EQ(lowestFreeDescriptor(), before);
+}
+
+TEST_F(KVParser, fileMayHaveTheNumberOfAClosedStandardInput) {
+    const int kept = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    parse("\"Install\" = \"Installieren\"\n");
+    EXPECT_EQ(message("Install"), "Installieren");
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
+    if (kept >= 0) {
+        dup2(kept, STDIN_FILENO);
+        close(kept);
+    }
 }
 
 TEST_F(KVParser, tableIsEmptyBeforeTheFirstParse) {

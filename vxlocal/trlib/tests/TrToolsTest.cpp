@@ -197,6 +197,8 @@ TEST(TRTools, dirExistsIsTrueForADirectoryAndFalseForARegularFile) {
     const TemporaryFolder folder;
     const std::string file = folder.write("file", "").string();
     EXPECT_FALSE(TRTools::dirExists(file));
+    std::filesystem::permissions(file, std::filesystem::perms::all);
+    EXPECT_FALSE(TRTools::dirExists(file));
     EXPECT_TRUE(TRTools::dirExists(folder.path().string()));
     EXPECT_TRUE(TRTools::pathExists(folder.path().string()));
     EXPECT_TRUE(TRTools::pathExists(file));

@@ -68,6 +68,22 @@ TEST_F(Window, leavesByCommandWAndCommandQ) {
     }
 }
 
+TEST_F(Window, selectsTheWholeLicenseByCommandA) {
+    enter(State::LicenseOnStart);
+    BackendTest::pressKey(window(), "a", NSCommandKeyMask);
+    NSTextView* const shown = as<NSTextView>([window() firstResponder]);
+    ASSERT_NE(shown, nil);
+    EXPECT_GT([[shown string] length], 0U);
+    EXPECT_EQ([shown selectedRange].length, [[shown string] length]);
+}
+
+TEST_F(Window, copiesNothingByCommandCWhereNothingIsSelected) {
+    openWindow();
+    BackendTest::pressKey(window(), "c", NSCommandKeyMask);
+    EXPECT_TRUE(shows("startButton"));
+    EXPECT_EQ(backgroundQueue.pending(), 0U);
+}
+
 TEST_F(Window, animatesItsBarInAThread) {
     enter(State::Install);
     EXPECT_TRUE([as<NSProgressIndicator>(find("installProgress")) usesThreadedAnimation]);

@@ -73,6 +73,17 @@ TEST_F(LicenseScreen, textCannotBeChanged) {
     EXPECT_TRUE(shows("backButton"));
 }
 
+TEST_F(LicenseScreen, anotherTextTakesThePlaceOfTheFirst) {
+    enter(State::LicenseOnStart);
+    const auto area = content->licenseView()->licenseText();
+    const auto first = area->documentView();
+    const auto other = interfaces.makeTextView(area->contentSize());
+    other->setString("other");
+    area->setDocumentView(other);
+    FrontEnd::settle();
+    EXPECT_EQ(text("licenseText"), "other");
+}
+
 TEST_F(LicenseScreen, textWrapsAtTheAreaHoweverWideItIs) {
     enter(State::LicenseOnStart);
     expectWrapped();

@@ -54,6 +54,15 @@ TEST_F(Accessibility, pressActionOfTheNoticeOpensTheLicense) {
     EXPECT_TRUE(FrontEnd::waitFor([this] { return !shows("backButton"); }));
 }
 
+TEST_F(Accessibility, focusActionOfTheNoticeFocusesIt) {
+    openWindow();
+    described("licenseLabel")
+        .actionInterface()
+        ->doAction(QAccessibleActionInterface::setFocusAction());
+    FrontEnd::settle();
+    EXPECT_EQ(focused(), "licenseLabel");
+}
+
 TEST_F(Accessibility, plainTextHasNoPressAction) {
     openWindow();
     auto* actions = described("startLabel").actionInterface();

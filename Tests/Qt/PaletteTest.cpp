@@ -5,7 +5,15 @@
 #include "Qt/Printing.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSet>
+#include <QSlider>
+#include <QStyleOption>
+
+#include <initializer_list>
 
 namespace QtTest {
 
@@ -39,6 +47,60 @@ TEST(PaperPalette, staysLightUnderADarkTheme) {
                                 QPalette::ToolTipBase, QPalette::ToolTipText}) {
             EXPECT_NE(shown.color(group, role), QColor(Qt::magenta)) << role;
         }
+    }
+}
+
+TEST(PaperScrollBar, isAllKnobAndPagesWithoutArrows) {
+    const Vexora::PaperStyle style;
+    QScrollBar bar(Qt::Vertical);
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.rect = QRect(3, 5, 12, 200);
+    option.orientation = Qt::Vertical;
+    option.maximum = 300;
+    option.pageStep = 100;
+    option.sliderPosition = 150;
+    const auto place = [&](QStyle::SubControl part) {
+        return style.subControlRect(QStyle::CC_ScrollBar, &option, part, &bar);
+    };
+    EXPECT_EQ(place(QStyle::SC_ScrollBarGroove), option.rect);
+    EXPECT_EQ(place(QStyle::SC_ScrollBarSubPage), QRect(3, 5, 12, 75));
+    EXPECT_EQ(place(QStyle::SC_ScrollBarSlider), QRect(3, 80, 12, 50));
+    EXPECT_EQ(place(QStyle::SC_ScrollBarAddPage), QRect(3, 130, 12, 75));
+    EXPECT_TRUE(place(QStyle::SC_ScrollBarAddLine).isNull());
+}
+
+TEST(PaperControls, drawTheirOwnRingAndKeepTheirTextInsideIt) {
+    const Vexora::PaperStyle style;
+    QStyleOptionFocusRect option;
+    option.rect = QRect(0, 0, 40, 20);
+    QImage image(option.rect.size(), QImage::Format_RGB32);
+    image.fill(Palette::paper);
+    const QImage before = image;
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, nullptr);
+    painter.end();
+    EXPECT_EQ(image, before);
+    const QRect text = style.subElementRect(QStyle::SE_PushButtonContents, &option, nullptr);
+    EXPECT_EQ(text, QRect(8, 4, 24, 12));
+}
+
+TEST(PaperControls, thatTheWindowDoesNotHaveAreTheToolkitsOwn) {
+    Vexora::PaperStyle style;
+    QScrollBar lying(Qt::Horizontal);
+    QSlider slider;
+    QLineEdit line;
+    for (QWidget* widget : std::initializer_list<QWidget*>{&lying, &slider, &line}) {
+        widget->setStyle(&style);
+        widget->resize(widget->sizeHint());
+        const QImage image = widget->grab().toImage();
+        QSet<QRgb> colors;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                colors.insert(image.pixel(x, y));
+            }
+        }
+        EXPECT_GT(colors.size(), 1) << widget->metaObject()->className();
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace QtTest {
 
 using Vexora::StyledText;
@@ -150,6 +152,18 @@ TEST_F(TextLabel, centresWhenTheTextSaysSo) {
     fitTo(400);
     EXPECT_NEAR(inked(painted()).center().x(), 200, 4);
     EXPECT_EQ(label.lineAlignment(), Qt::AlignHCenter);
+}
+
+TEST_F(TextLabel, standsAtTheHeightThatItsAlignmentSays) {
+    show("word");
+    label.resize(100, 400);
+    const std::pair<Qt::Alignment, int> middles[] = {
+        {Qt::AlignTop, 0}, {Qt::AlignVCenter, 200}, {Qt::AlignBottom, 400}};
+    for (const auto& [alignment, middle] : middles) {
+        label.setAlignment(Qt::AlignLeft | alignment);
+        EXPECT_NEAR(inked(painted()).center().y(), middle, 2 * label.fontMetrics().height())
+            << middle;
+    }
 }
 
 TEST_F(TextLabel, beginsAtTheLeadingEdgeOtherwise) {

@@ -30,6 +30,14 @@ TEST_F(Window, leavesWithAnyOtherWindow) {
     EXPECT_EQ(application.exits, std::vector<int>{0});
 }
 
+TEST_F(Window, focusesTheScreenBelowTheLicenseWhereNothingHadTheFocus) {
+    enter(State::Failure);
+    find("logLabel")->clearFocus();
+    content->switchToLicenseView();
+    content->licenseView()->backAction();
+    EXPECT_TRUE(FrontEnd::waitFor([this] { return focused() == "logLabel"; }));
+}
+
 TEST_F(Window, comesInFrontOfTheOthers) {
     openWindow();
     QWidget other;

@@ -102,6 +102,17 @@ TEST_F(TextLabel, wrapsInsideAWordThatIsTooLong) {
     EXPECT_LE(place.right(), 100);
 }
 
+TEST_F(TextLabel, keepsTheProductsNameOnOneLine) {
+    show("To install Ondrel Vexora Lumiq");
+    const int first = label.fontMetrics().horizontalAdvance("To install Ondrel");
+    fitTo(label.fontMetrics().horizontalAdvance("Ondrel Vexora Lumiq") + 20);
+    ASSERT_GT(label.width(), first + 20);
+    QImage image = painted();
+    const QRect lines = inked(image);
+    EXPECT_LT(inked(image.copy(0, 0, image.width(), lines.center().y() - 2)).width(), first - 10);
+    EXPECT_EQ(label.text(), "To install Ondrel Vexora Lumiq");
+}
+
 TEST_F(TextLabel, laysOutTenThousandCharacters) {
     std::string text;
     while (text.size() < 10000) {
@@ -142,6 +153,25 @@ TEST_F(TextLabel, paintsRunsInTheirColours) {
     }
     EXPECT_TRUE(red);
     EXPECT_TRUE(ink);
+}
+
+TEST_F(TextLabel, paintsARunInItsColourBehindLinesThatEndInAWord) {
+    StyledText text("失败失败");
+    text.append({"失败", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
+    label.setStyledText(text);
+    const int word = label.sizeHint().width() / 3;
+    fitTo(word + 10);
+    ASSERT_GT(label.height(), 3 * label.fontMetrics().height());
+    const QImage image = painted();
+    QRect red;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            red |= color.red() > 200 && color.green() < 120 ? QRect(x, y, 1, 1) : QRect();
+        }
+    }
+    EXPECT_GT(red.width(), word / 2);
+    EXPECT_GT(red.top(), inked(image).height() / 2);
 }
 
 TEST_F(TextLabel, centresWhenTheTextSaysSo) {

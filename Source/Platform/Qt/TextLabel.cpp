@@ -1,5 +1,6 @@
 #include "Platform/Qt/TextLabel.h"
 
+#include "Platform/LineBreaking.h"
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Palette.h"
 
@@ -9,7 +10,10 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
+#include <vector>
 
 namespace Vexora {
 namespace {
@@ -21,22 +25,90 @@ constexpr int verticalPadding = 8;
 /// A width that no line reaches, in pixels.
 constexpr qreal unlimited = 1e6;
 
-/// Breaks a prepared text into lines of that width; the result is the size that they take. A line
-/// takes no less room than the text's own font needs, whatever fonts stand in for it.
-QSizeF setLines(QTextLayout& layout, qreal width) {
-    const QFontMetricsF own(layout.font());
-    QSizeF size(0.0, 0.0);
+/// How wide a character is on its line.
+qreal widthOf(const QTextLayout& layout, int place) {
+    const QTextLine line = layout.lineForTextPosition(place);
+    return qAbs(line.cursorToX(place, QTextLine::Trailing) - line.cursorToX(place));
+}
+
+bool isLetter(QChar character) {
+    return !character.isSpace() && !character.isMark() && !character.isPunct();
+}
+
+/// Sets the text of a layout in lines of that width.
+void setLines(QTextLayout& layout, qreal width, QTextOption::WrapMode mode) {
+    QTextOption option = layout.textOption();
+    option.setWrapMode(mode);
+    layout.setTextOption(option);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        const qreal ascent = qMax(line.ascent(), own.ascent());
-        const qreal descent = qMax(line.descent(), own.descent());
-        line.setPosition({0.0, size.height() + ascent - line.ascent()});
-        size.setHeight(size.height() + std::ceil(ascent + descent));
-        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
     }
     layout.endLayout();
-    return size;
+}
+
+/// What stands between the places where the toolkit lets a line of the text end.
+std::vector<TextPiece> piecesOf(QTextLayout& layout) {
+    std::vector<TextPiece> pieces;
+    setLines(layout, 0.0, QTextOption::WordWrap);
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const QString text = layout.text().mid(line.textStart(), line.textLength());
+        const auto letters = std::ranges::count_if(text, isLetter);
+        pieces.push_back({static_cast<std::size_t>(line.textStart() + line.textLength()),
+                          line.naturalTextWidth(), 0.0, static_cast<std::size_t>(letters)});
+    }
+    setLines(layout, unlimited, QTextOption::NoWrap);
+    for (TextPiece& piece : pieces) {
+        int place = static_cast<int>(piece.end);
+        while (place > 0 && layout.text().at(place - 1).isSpace()) {
+            piece.blank += widthOf(layout, --place);
+        }
+    }
+    return pieces;
+}
+
+std::vector<TextRange> markedIn(const QTextLayout& layout) {
+    std::vector<TextRange> marked;
+    const auto formats = layout.formats();
+    for (const QTextLayout::FormatRange& format : formats) {
+        const auto start = static_cast<std::size_t>(format.start);
+        marked.push_back({start, start + static_cast<std::size_t>(format.length)});
+    }
+    return marked;
+}
+
+/// Ends a line at that place of the text, in place of a blank where one is there.
+void endLine(QTextLayout& layout, qsizetype place) {
+    QString text = layout.text();
+    QList<QTextLayout::FormatRange> formats = layout.formats();
+    if (text.at(place - 1).isSpace()) {
+        text[place - 1] = QChar::LineSeparator;
+    } else {
+        text.insert(place, QChar::LineSeparator);
+        for (QTextLayout::FormatRange& format : formats) {
+            if (format.start >= place) {
+                ++format.start;
+            } else if (format.start + format.length > place) {
+                ++format.length;
+            }
+        }
+    }
+    layout.setText(text);
+    layout.setFormats(formats);
+}
+
+/// Sets a prepared text in lines of at most that width. Where they end is put into the layout's
+/// text, so that the toolkit still breaks what is too wide.
+void chooseLines(QTextLayout& layout, qreal width) {
+    const std::vector<TextPiece> pieces = piecesOf(layout);
+    const std::u16string text = layout.text().toStdU16String();
+    for (const std::size_t end : lineEnds(text, pieces, markedIn(layout), width)) {
+        if (pieces[end].end < text.size()) {
+            endLine(layout, static_cast<qsizetype>(pieces[end].end));
+        }
+    }
+    setLines(layout, width, QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 } // namespace
@@ -88,7 +160,6 @@ void TextLabel::prepare(QTextLayout& layout) const {
     text.replace('\n', QChar::LineSeparator);
     QTextOption option(lineAlignment());
     option.setTextDirection(layoutDirection());
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setText(text);
     layout.setFont(font());
     layout.setFormats(formats_);
@@ -97,24 +168,17 @@ void TextLabel::prepare(QTextLayout& layout) const {
 
 QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
     prepare(layout);
-    QSizeF size = setLines(layout, width);
-    if (lineAlignment() != Qt::AlignHCenter || layout.lineCount() < 2) {
-        return size;
-    }
-    // Centred lines of like length: the narrowest width that takes no further line, then centred as
-    // a whole.
-    const int lines = layout.lineCount();
-    qreal tooNarrow = layout.minimumWidth() - 1.0;
-    qreal wideEnough = width;
-    while (wideEnough - tooNarrow > 1.0) {
-        const qreal middle = (tooNarrow + wideEnough) / 2;
-        setLines(layout, middle);
-        (layout.lineCount() > lines ? tooNarrow : wideEnough) = middle;
-    }
-    size = setLines(layout, wideEnough);
-    for (int line = 0; line < layout.lineCount(); ++line) {
-        QTextLine moved = layout.lineAt(line);
-        moved.setPosition(moved.position() + QPointF((width - wideEnough) / 2, 0.0));
+    chooseLines(layout, width);
+    const QFontMetricsF own(font());
+    QSizeF size(0.0, 0.0);
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        QTextLine line = layout.lineAt(i);
+        // No less than the text's own font needs, whatever fonts stand in for it.
+        const qreal ascent = qMax(line.ascent(), own.ascent());
+        const qreal descent = qMax(line.descent(), own.descent());
+        line.setPosition({0.0, size.height() + ascent - line.ascent()});
+        size.setHeight(size.height() + std::ceil(ascent + descent));
+        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
     }
     return size;
 }

@@ -3,6 +3,7 @@
 #include "ContrastCheck.h"
 #include "GlyphCheck.h"
 #include "InstallerWindow.h"
+#include "LineChecks.h"
 #include "PaintedText.h"
 #include "PlaceChecks.h"
 #include "TextChecks.h"
@@ -21,6 +22,8 @@ Faults check(QWidget& window, const QList<PaintedText>& texts, const QImage& pic
         faults += checkLetters(name, textHeldBy(*text.widget), window.layoutDirection());
         faults += checkWords(text);
         faults += checkLines(text);
+        faults += checkTorn(text);
+        faults += checkLineEnds(text);
         faults += checkParagraphs(text);
         faults += checkGlyphs(text);
         faults += checkContrast(text, picture);

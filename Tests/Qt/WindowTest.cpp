@@ -63,6 +63,16 @@ TEST_F(Window, keepsItsTitleBarOnAScreenThatIsTooSmall) {
     EXPECT_GE(window().frameGeometry().top(), available.top());
 }
 
+TEST_F(Window, keepsItsSizeAndButtonsWhereTheNoticeGoes) {
+    enter(State::Install);
+    const QSize size = window().size();
+    const BackendTest::Place close = place("closeButton");
+    endInstall(30);
+    EXPECT_FALSE(shows("licenseLabel"));
+    EXPECT_EQ(window().size(), size);
+    EXPECT_EQ(place("closeButton"), close);
+}
+
 TEST_F(Window, hasItsDefinitionsWithoutAResourceDirectory) {
     environment.resources = "/missing";
     useLanguage("ar");

@@ -42,9 +42,6 @@ Interface QtInterfaceLoader::load(const std::string& name) {
         if (view == nullptr) {
             continue;
         }
-        QSizePolicy policy = widget->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        widget->setSizePolicy(policy);
         if (auto* picture = qobject_cast<Picture*>(widget)) {
             picture->loadFrom(environment_.resourcePath());
         }

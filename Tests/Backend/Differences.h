@@ -11,6 +11,7 @@ enum class Habit {
     ReturnPressesAnyFocusedButton,
     TabGoesBackOutOfTheLicense,
     FailureHasItsIconOverTheTitle,
+    FitsASmallScreen,
 };
 
 struct Difference {
@@ -28,6 +29,8 @@ inline const std::map<Habit, Difference> differences{
     {Habit::FailureHasItsIconOverTheTitle,
      {false, true,
       "The Mac's alerts have their icon over the text; elsewhere it stands before the title."}},
+    {Habit::FitsASmallScreen,
+     {true, false, "No Mac has a screen of 480 pixels; its definitions have places of their own."}},
 };
 
 } // namespace BackendTest

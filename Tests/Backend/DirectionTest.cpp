@@ -37,10 +37,10 @@ TEST_P(LayoutDirection, keepsTheSidesWhenTheWindowGrows) {
     const double help = begin("troubleshootButton");
     const double close = begin("closeButton");
     const double message = place("logLabel").width;
-    frontEnd.resize(frontEnd.area().width + 140.0, frontEnd.area().height);
+    frontEnd.resize(frontEnd.area().width + 60.0, frontEnd.area().height);
     EXPECT_EQ(begin("troubleshootButton"), help);
-    EXPECT_EQ(begin("closeButton"), close + 140.0);
-    EXPECT_EQ(place("logLabel").width, message + 140.0);
+    EXPECT_EQ(begin("closeButton"), close + 60.0);
+    EXPECT_EQ(place("logLabel").width, message + 60.0);
 }
 
 class ButtonWidth : public Fixture {

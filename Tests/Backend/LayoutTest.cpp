@@ -18,6 +18,19 @@ TEST_P(Layout, showsEverythingWholeAndApart) {
     expectWholeAndApart();
 }
 
+TEST_P(Layout, isOneColumnInTheMiddleOfALargeWindow) {
+    enter(state());
+    frontEnd.resize(2560.0, 1440.0);
+    expectWholeAndApart();
+    const Place column = frontEnd.place(widgetOf(*content));
+    EXPECT_LE(column.width, 720.0);
+    EXPECT_GT(frontEnd.area().width, 720.0);
+    EXPECT_NEAR(column.middle().x, frontEnd.area().middle().x, 1.0);
+    for (const std::string& name : visible()) {
+        EXPECT_TRUE(column.contains(place(name))) << name;
+    }
+}
+
 class Pictures : public EveryStateInEveryLanguage {};
 
 INSTANTIATE_TEST_SUITE_P(In, Pictures, testing::Combine(everyState, testing::Values("en", "ja")),

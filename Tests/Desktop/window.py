@@ -42,6 +42,10 @@ class Windows:
         return next((window for window in self._numbers(root, b"_NET_CLIENT_LIST")
                      if self._numbers(window, b"_NET_WM_PID") == [process.pid]), None)
 
+    def frame_of(self, window):
+        """How wide a window's frame is at its left, its right, its top and its bottom."""
+        return self._numbers(window, b"_NET_FRAME_EXTENTS")
+
     def _numbers(self, window, property_name):
         """The numbers that a property of a window holds; none where it has no such property."""
         kind, size, count, more = (ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong())

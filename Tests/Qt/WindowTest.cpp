@@ -63,6 +63,21 @@ TEST_F(Window, keepsItsTitleBarOnAScreenThatIsTooSmall) {
     EXPECT_GE(window().frameGeometry().top(), available.top());
 }
 
+TEST_F(Window, growsNoFurtherThanItsScreenAndScrollsThere) {
+    openWindow();
+    const QRect available = window().screen()->availableGeometry();
+    frontEnd.shrink();
+    window().move(available.bottomLeft() - QPoint(0, 100));
+    find("startLabel")->setMinimumHeight(2 * available.height());
+    FrontEnd::settle();
+    EXPECT_TRUE(available.contains(window().frameGeometry()));
+    EXPECT_GT(window().height(), available.height() / 2);
+    EXPECT_TRUE(find("startButton")->visibleRegion().isEmpty());
+    tabTo("licenseLabel");
+    tabTo("startButton");
+    EXPECT_EQ(find("startButton")->visibleRegion(), QRegion(find("startButton")->rect()));
+}
+
 TEST_F(Window, keepsItsSizeAndButtonsWhereTheNoticeGoes) {
     enter(State::Install);
     const QSize size = window().size();

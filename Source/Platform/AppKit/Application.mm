@@ -5,6 +5,7 @@
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/Palette.h"
 
+#include <cmath>
 #include <cstdlib>
 
 /// A window without a menu bar above it: it answers the usual keys by itself.
@@ -47,6 +48,21 @@
 
 @end
 
+/// What a window wider than its content shows: the content as a column in the middle.
+@interface VexoraColumn : VexoraPane
+@end
+
+@implementation VexoraColumn
+
+- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
+    const double aside = std::floor(std::fmax(0.0, (NSWidth([self bounds]) - 720.0) / 2.0));
+    for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
+        [[[self subviews] objectAtIndex:index] setFrame:NSInsetRect([self bounds], aside, 0.0)];
+    }
+}
+
+@end
+
 namespace Vexora {
 
 AppKitWindow::AppKitWindow()
@@ -57,7 +73,8 @@ AppKitWindow::AppKitWindow()
                       backing:NSBackingStoreBuffered
                         defer:NO])) {
     [window_.get() setReleasedWhenClosed:NO];
-    [window_.get() setContentView:adopt<VexoraPane>([[VexoraPane alloc] initWithFrame:NSZeroRect])];
+    [window_.get()
+        setContentView:adopt<VexoraColumn>([[VexoraColumn alloc] initWithFrame:NSZeroRect])];
     [window_.get() setAutorecalculatesKeyViewLoop:YES];
     [window_.get() setBackgroundColor:toNSColor(paperColor)];
     if ([window_.get() respondsToSelector:@selector(setAppearance:)]) {

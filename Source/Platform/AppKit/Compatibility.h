@@ -80,6 +80,16 @@ inline void leaveEndedProgramsAlone() {
 #endif
 }
 
+/// The margins over and under what a pane holds. A pane counts from its top, and on macOS so do its
+/// margins.
+#ifdef GNUSTEP
+inline constexpr NSUInteger marginOver = NSViewMaxYMargin;
+inline constexpr NSUInteger marginUnder = NSViewMinYMargin;
+#else
+inline constexpr NSUInteger marginOver = NSViewMinYMargin;
+inline constexpr NSUInteger marginUnder = NSViewMaxYMargin;
+#endif
+
 /// Has the Tab key reach what the window holds now. macOS sees to that by itself.
 inline void renewKeyViewLoop(NSWindow* window) {
 #ifdef GNUSTEP

@@ -56,9 +56,8 @@ NSUInteger resizingOf(NSDictionary* control) {
     mask |= leading ? 0U : NSUInteger(NSViewMinXMargin);
     mask |= trailing ? 0U : NSUInteger(NSViewMaxXMargin);
     mask |= leading && trailing ? NSUInteger(NSViewWidthSizable) : 0U;
-    // A pane counts from its top, and so do the margins of what it holds.
-    mask |= top ? 0U : NSUInteger(NSViewMinYMargin);
-    mask |= bottom ? 0U : NSUInteger(NSViewMaxYMargin);
+    mask |= top ? 0U : Vexora::marginOver;
+    mask |= bottom ? 0U : Vexora::marginUnder;
     mask |= top && bottom ? NSUInteger(NSViewHeightSizable) : 0U;
     return mask;
 }

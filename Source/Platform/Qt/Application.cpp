@@ -1,6 +1,7 @@
 #include "Platform/Qt/Application.h"
 
 #include "Platform/Qt/Conversions.h"
+#include "Platform/Qt/Pane.h"
 #include "Platform/Qt/Typeface.h"
 
 #include <QAccessibleWidget>
@@ -10,13 +11,21 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdlib>
 
 namespace Vexora {
 namespace {
+
+/// What the window's parts measure at least and at most, in pixels; its frame is guessed until the
+/// desktop tells.
+constexpr int narrowestWindow = 440;
+constexpr int widestContent = 720;
+constexpr QSize usualFrame(8, 40);
 
 /// To assistive tools a plain widget is no window.
 QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
@@ -27,13 +36,22 @@ QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
 } // namespace
 
 void QtWindow::setContent(QWidget* content) {
+    content_ = qobject_cast<Pane*>(content);
+    resize(content->size().boundedTo(room()));
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setAlignment(Qt::AlignCenter);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    content->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    const QSize size = content->size();
-    layout->addWidget(content);
-    setMinimumWidth(size.width());
-    // A screen may be too small for the whole of it, and the frame takes some room of its own.
-    resize(size.boundedTo(screen()->availableGeometry().size() - QSize(0, 40)));
+    layout->addWidget(area);
+    // Before the desktop sees the window: where it is to move while its frame is put around it,
+    // either move may come last.
+    makeRoom();
+    center();
     const auto widgets = content->findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
         if (widget->property("initialFocus").toBool() && widget->isVisibleTo(content)) {
@@ -47,24 +65,61 @@ void QtWindow::setTitle(const std::string& title) {
 }
 
 void QtWindow::center() {
-    if (const QScreen* screen = this->screen()) {
-        const QRect available = screen->availableGeometry();
-        QRect frame = frameGeometry();
-        frame.moveCenter(available.center());
-        // The title bar stays in reach even when the screen is too small for the window.
-        frame.moveTop(qMax(frame.top(), available.top()));
-        move(frame.topLeft());
+    centers_ = frame().isNull();
+    QRect place = geometry().marginsAdded(frame());
+    place.moveCenter(screen()->availableGeometry().center());
+    moveTo(place);
+}
+
+QMargins QtWindow::frame() const {
+    // The toolkit's own record of it is not renewed.
+    return windowHandle() == nullptr ? QMargins() : windowHandle()->frameMargins();
+}
+
+void QtWindow::moveTo(QRect place) {
+    const QRect available = screen()->availableGeometry();
+    place.moveBottom(qMin(place.bottom(), available.bottom()));
+    // The title bar stays in reach even when the screen is too small for the window.
+    place.moveTop(qMax(place.top(), available.top()));
+    move(place.topLeft());
+}
+
+QSize QtWindow::room() const {
+    const QSize around = size().grownBy(frame()) - size();
+    return screen()->availableGeometry().size() - around.expandedTo(usualFrame);
+}
+
+void QtWindow::makeRoom() {
+    // Larger letters take more room.
+    const int narrowest = qMin(narrowestWindow * logicalDpiX() / 96, widestContent);
+    const QSize needed = content_->needed().expandedTo(QSize(narrowest, 0));
+    const bool grows = needed.height() > height();
+    content_->setMaximumSize(QSize(widestContent, widestContent).expandedTo(needed));
+    setMinimumSize(needed.boundedTo(room()));
+    if (grows && isVisible()) {
+        moveTo(geometry().marginsAdded(frame()));
     }
 }
 
 bool QtWindow::event(QEvent* event) {
     const bool handled = QWidget::event(event);
-    const bool reshaped = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
-    if (reshaped && layout() != nullptr) {
-        setMinimumHeight(qMax(layout()->totalMinimumSize().height(),
-                              layout()->totalMinimumHeightForWidth(width())));
+    const bool reshaped = event->type() == QEvent::Resize || event->type() == QEvent::Show;
+    // A hidden window that grows while it is told of its size is not told again.
+    if (reshaped && isVisible() && content_ != nullptr) {
+        makeRoom();
+    }
+    // The desktop tells the frame only after the window is shown.
+    if (centers_ && !frame().isNull()) {
+        center();
     }
     return handled;
+}
+
+bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest && watched == content_) {
+        makeRoom();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {

@@ -11,11 +11,14 @@ class QPushButton;
 
 namespace Vexora {
 
+class Pane;
+
+/// No larger than the screen lets it be, its frame counted; what does not fit scrolls.
 class QtWindow : public QWidget, public Window {
     Q_OBJECT
 
 public:
-    /// Shows the root widget of the content as the whole of the window.
+    /// Shows the content as the whole of the window, or in the middle of a large one.
     void setContent(QWidget* content);
 
     void setTitle(const std::string& title) override;
@@ -23,11 +26,28 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     /// What Return presses: the button that has the focus, else the default one that can be seen.
     QPushButton* buttonForReturn() const;
+
+    /// How large the screen lets the window be without its frame.
+    QSize room() const;
+
+    /// Lets the window become no smaller than its content and no larger than the screen.
+    void makeRoom();
+
+    /// What the desktop has around the window; nothing until it tells.
+    QMargins frame() const;
+
+    /// Moves the window, with its frame, as near to a place as the screen lets it.
+    void moveTo(QRect place);
+
+    Pane* content_ = nullptr;
+    /// Whether the window goes to the middle once more, when its frame is known.
+    bool centers_ = false;
 };
 
 class QtApplication : public QObject, public Application {

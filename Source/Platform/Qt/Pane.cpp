@@ -70,16 +70,13 @@ Pane* Pane::contentArea() const {
     return name.isEmpty() ? nullptr : findChild<Pane*>(name, Qt::FindDirectChildrenOnly);
 }
 
-QSize Pane::neededBy(const Pane& pane) const {
-    QSize needed = pane.minimumSizeHint();
-    if (const QLayout* layout = pane.layout()) {
-        needed = layout->totalMinimumSize();
-        const int width = qMax(needed.width(), pane.width());
-        if (layout->hasHeightForWidth()) {
-            needed.setHeight(layout->totalMinimumHeightForWidth(width));
-        }
-    }
-    return needed;
+int Pane::heightForWidth(int width) const {
+    return layout() == nullptr ? -1 : layout()->totalMinimumHeightForWidth(width);
+}
+
+QSize Pane::needed() const {
+    const QSize least = minimumSizeHint();
+    return least.expandedTo({0, heightForWidth(qMax(least.width(), width()))});
 }
 
 QSize Pane::minimumSizeHint() const {
@@ -88,7 +85,7 @@ QSize Pane::minimumSizeHint() const {
         // One that is covered needs nothing until it shows again.
         const bool shown = pane == panes_.last();
         if (contentArea() == nullptr || (pane->isOpaque() && shown)) {
-            needed = needed.expandedTo(neededBy(*pane));
+            needed = needed.expandedTo(pane->needed());
         }
     }
     return needed;
@@ -101,7 +98,7 @@ void Pane::arrange() {
         const bool everything = area == nullptr || pane->isOpaque();
         pane->setGeometry(everything ? rect() : area->geometry());
         if (!everything) {
-            reserved = reserved.expandedTo(neededBy(*pane));
+            reserved = reserved.expandedTo(pane->needed());
         }
     }
     if (area != nullptr && area->reserved_ != reserved) {

@@ -29,6 +29,10 @@ public:
     void removePane(Pane* pane);
 
     QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+    /// The least size for all that shows, at the width that the pane has.
+    QSize needed() const;
 
 protected:
     bool event(QEvent* event) override;
@@ -36,7 +40,6 @@ protected:
 
 private:
     Pane* contentArea() const;
-    QSize neededBy(const Pane& pane) const;
     void arrange();
     void updateMask();
     QRegion shownRegion() const;

@@ -200,10 +200,13 @@ class Installer:
         for application in self.desktop.applications():
             if application.get_process_id() == self.process.pid and application.childCount:
                 window = application[0]
-                # Keys that are typed earlier are lost.
-                if window and window.getState().contains(pyatspi.STATE_ACTIVE):
+                if window and self._is_ready(window):
                     return window
         return None
+
+    def _is_ready(self, window):
+        """Whether the window has the keyboard; keys that are typed earlier are lost."""
+        return window.getState().contains(pyatspi.STATE_ACTIVE)
 
     def _first(self, role, name):
         self.check_running()

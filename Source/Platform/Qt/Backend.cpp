@@ -70,12 +70,13 @@ struct Backend::Parts {
 };
 
 void Backend::endWellAlways() {
-    // The toolkit's last words, such as those about a missing display, end the process by a signal.
+    // The toolkit's last words, such as those about a missing display, end the process by a signal,
+    // and those about a display of Wayland that went away at once.
     static QtMessageHandler print = nullptr;
     print = qInstallMessageHandler(
         [](QtMsgType type, const QMessageLogContext& place, const QString& text) {
             print(type, place, text);
-            if (type == QtFatalMsg) {
+            if (type == QtFatalMsg || text.startsWith(QLatin1String("The Wayland connection "))) {
                 std::_Exit(0);
             }
         });

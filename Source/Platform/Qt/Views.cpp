@@ -82,7 +82,8 @@ void WidgetOwner::show(const View& view) {
 }
 
 void WidgetOwner::fixHeight(double height) {
-    widget_->setFixedHeight(qRound(height));
+    // Points grow with the desktop's letters; a text that needs still more is not cut off.
+    widget_->setMinimumHeight(qRound(height * widget_->logicalDpiY() / 96.0));
 }
 
 QtView::QtView(Pane* pane) : Shown(pane) {

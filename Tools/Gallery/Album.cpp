@@ -1,6 +1,7 @@
 #include "Album.h"
 
 #include "Portrait.h"
+#include "Toolkit.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,7 +38,8 @@ void saveIndex(const QJsonObject& index, const QString& path) {
 
 QStringList saveAlbum(const QString& folder, const Language& language) {
     const QString code = QString::fromStdString(language.code);
-    const QString scale = QString("%1x").arg(qRound(qGuiApp->devicePixelRatio()));
+    QString scale = QString("%1x").arg(qRound(qGuiApp->devicePixelRatio()));
+    scale += fontScale() == 1.0 ? "" : "-large-text";
     const QDir album(folder + '/' + scale);
     album.mkpath(code);
     QStringList all;
@@ -48,7 +50,7 @@ QStringList saveAlbum(const QString& folder, const Language& language) {
         const QString name = QString::fromStdString(scene.name);
         savePicture(portrait.picture, album.filePath(code + '/' + name + ".png"));
         QJsonArray faults;
-        for (const Fault& fault : portrait.faults) {
+        for (const Fault& fault : portrait.faults + portrait.faultsWhenSmall) {
             const QString line = fault.control + ": " + fault.text;
             faults.append(line);
             all.append(code + ", " + name + ", " + line);

@@ -64,6 +64,11 @@ void InstallerWindow::enter(const Scene& scene) {
     settle();
 }
 
+void InstallerWindow::resize(const QSize& size) {
+    window().resize(size);
+    settle();
+}
+
 void InstallerWindow::pressStart() {
     window().findChild<QPushButton*>("startButton")->click();
 }

@@ -47,6 +47,9 @@ public:
     /// Brings the window from its start screen into the state that the scene shows. Once.
     void enter(const Scene& scene);
 
+    /// Makes the window as large as that, or as small as it lets a person do.
+    void resize(const QSize& size);
+
     QWidget& window() { return application_.mainWindow(); }
     /// The window's size according to its definition.
     QSize definedSize() const { return definedSize_; }

@@ -25,6 +25,13 @@ bool isControl(const QWidget& widget) {
     return widget.isVisible() && qobject_cast<const Vexora::Pane*>(&widget) == nullptr;
 }
 
+/// A text area has a direction of its own, and its scroll bar follows it.
+bool isInTextArea(const QWidget& widget) {
+    const QWidget* parent = widget.parentWidget();
+    return parent != nullptr &&
+           (qobject_cast<const QTextEdit*>(parent) != nullptr || isInTextArea(*parent));
+}
+
 bool areFamily(const QWidget& one, const QWidget& other) {
     return one.isAncestorOf(&other) || other.isAncestorOf(&one);
 }
@@ -122,14 +129,13 @@ Places placesIn(QWidget& window, const QList<PaintedText>& texts) {
     Places places{window.width(), {}};
     const auto widgets = window.findChildren<QWidget*>();
     for (QWidget* widget : widgets) {
-        if (!widget->isVisible()) {
+        if (!widget->isVisible() || isInTextArea(*widget)) {
             continue;
         }
         Place place{nameOf(*widget), placeOf(*widget), {}, {}};
-        const bool scrolls = qobject_cast<const QTextEdit*>(widget->parentWidget()) != nullptr;
         const auto painted = std::ranges::find_if(
             texts, [widget](const PaintedText& text) { return text.widget == widget; });
-        if (painted != texts.end() && !scrolls) {
+        if (painted != texts.end()) {
             place.text = painted->rect().translated(place.rect.topLeft());
         }
         if (qobject_cast<const QProgressBar*>(widget) != nullptr) {

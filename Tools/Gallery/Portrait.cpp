@@ -7,6 +7,9 @@
 #include "PaintedText.h"
 #include "PlaceChecks.h"
 #include "TextChecks.h"
+#include "Toolkit.h"
+
+#include <algorithm>
 
 namespace Gallery {
 namespace {
@@ -35,6 +38,30 @@ QImage pictureOf(QWidget& window) {
     return window.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+/// What a screen of 480 x 480 leaves within the frame of a window.
+constexpr QSize smallWindow(472, 440);
+
+/// The faults that a window has only where it is small.
+Faults checkSmall(InstallerWindow& installer, const Faults& otherwise) {
+    installer.resize(smallWindow);
+    const QSize size = installer.window().size();
+    Faults faults;
+    if (size != smallWindow) {
+        faults.append(
+            {"window",
+             QString("needs %1 x %2 of a small screen").arg(size.width()).arg(size.height())});
+    }
+    for (const Fault& fault : checkWindow(installer.window())) {
+        const bool isKnown = std::ranges::any_of(otherwise, [&fault](const Fault& known) {
+            return known.control == fault.control && known.text == fault.text;
+        });
+        if (!isKnown) {
+            faults.append({fault.control, "on a small screen, " + fault.text});
+        }
+    }
+    return faults;
+}
+
 Places mirrorOf(const Language& language, const Scene& scene) {
     InstallerWindow installer(language.leftToRight());
     installer.enter(scene);
@@ -54,8 +81,12 @@ Portrait portray(const Language& language, const Scene& scene) {
         portrait.picture = pictureOf(installer.window());
         portrait.title = installer.window().windowTitle();
         portrait.faults = check(installer.window(), texts, portrait.picture);
-        portrait.faults += checkSize(installer.window().size(), installer.definedSize());
         places = placesIn(installer.window(), texts);
+        // Larger letters than the definitions reckon with take more room.
+        if (fontScale() == 1.0) {
+            portrait.faults += checkSize(installer.window().size(), installer.definedSize());
+            portrait.faultsWhenSmall = checkSmall(installer, portrait.faults);
+        }
     }
     if (language.isRightToLeft()) {
         portrait.faults += checkMirrored(places, mirrorOf(language, scene));

@@ -15,6 +15,8 @@ struct Portrait {
     /// The window's title.
     QString title;
     Faults faults;
+    /// What is wrong only where the screen is small.
+    Faults faultsWhenSmall;
 };
 
 /// Brings the installer into the scene and measures what it shows.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QMessageLogger>
+#include <QScreen>
 #include <QString>
 
 #include <cstdio>
@@ -29,6 +30,10 @@ void useTypefaceOfPictures() {
     QFont font = QApplication::font();
     font.setFamily("Noto Sans");
     QApplication::setFont(font);
+}
+
+double fontScale() {
+    return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 96.0;
 }
 
 } // namespace Gallery

@@ -15,4 +15,7 @@ void prepareToolkit(const std::string& code);
 /// Once the toolkit has started: the desktop's typeface.
 void useTypefaceOfPictures();
 
+/// How much larger the desktop wants letters than usual.
+double fontScale();
+
 } // namespace Gallery

@@ -14,5 +14,7 @@ inline constexpr Color sheetColor{1.0, 1.0, 1.0, 1.0};
 inline constexpr Color inkColor{0x1f / 255.0, 0x2a / 255.0, 0x37 / 255.0, 1.0};
 /// Links and marked words, and what is drawn of the controls; dark enough to be read on the paper.
 inline constexpr Color blueColor{0.24, 0.44, 0.70, 1.0};
+/// The mark of an installation that has come to its end.
+inline constexpr Color doneColor{0x2e / 255.0, 0x7d / 255.0, 0x32 / 255.0, 1.0};
 
 } // namespace Vexora

@@ -152,6 +152,14 @@ TEST_F(States, installationRaisesTheBar) {
     EXPECT_NEAR(bar(), content->installView()->installProgress()->doubleValue() / 100.0, 0.01);
 }
 
+TEST_F(States, successMarksTheEndOfTheBar) {
+    enter(State::Install);
+    EXPECT_FALSE(picture("installProgress").find(Vexora::doneColor));
+    endInstall(0);
+    EXPECT_EQ(picture("installProgress").find(Vexora::doneColor).has_value(),
+              hasHabit(Habit::FullBarCarriesACheckMark));
+}
+
 TEST_F(States, failureFadesLabelAndBarAndHidesTheNotice) {
     enter(State::Failure);
     expectShown({"installLabel", "installProgress", "licenseLabel"}, false);

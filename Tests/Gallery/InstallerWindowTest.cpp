@@ -1,5 +1,6 @@
 #include "InstallerWindow.h"
 
+#include "ContrastCheck.h"
 #include "Core/FailureCatalogue.h"
 #include "Platform/Qt/TextLabel.h"
 #include "Portrait.h"
@@ -183,6 +184,23 @@ TEST_F(InstallerWindow, keepsTheContrastOfButtonsInUse) {
         }
     }
     EXPECT_EQ(buttons, 5);
+}
+
+/// Nothing but texts is measured in the pictures.
+TEST_F(InstallerWindow, tellsTheBarsTrackFromThePaperAndFromWhatIsDone) {
+    Gallery::InstallerWindow installer(languageOf("en"));
+    installer.enter(scene("installing"));
+    const QImage bar = installer.window().findChild<QProgressBar*>()->grab().toImage();
+    const QColor paper = bar.pixelColor(0, 0);
+    const int middle = bar.height() / 2;
+    const QColor done = bar.pixelColor(bar.width() / 20, middle);
+    const int ahead = bar.width() * 19 / 20;
+    EXPECT_GE(Gallery::contrast(done, bar.pixelColor(ahead, middle)), 3.0);
+    double edge = 1.0;
+    for (int y = 0; y < middle; ++y) {
+        edge = std::max(edge, Gallery::contrast(bar.pixelColor(ahead, y), paper));
+    }
+    EXPECT_GE(edge, 3.0);
 }
 
 TEST_F(InstallerWindow, everySceneHasANameOfItsOwn) {

@@ -1,4 +1,5 @@
 #include "Backend/Fixture.h"
+#include "Platform/Qt/Palette.h"
 #include "Platform/Qt/TextLabel.h"
 
 #include <QDialog>
@@ -163,6 +164,34 @@ TEST_P(ReadingDirection, isThatOfTheBar) {
     const QColor left = image.pixelColor(image.width() / 5, row);
     const QColor right = image.pixelColor(image.width() * 4 / 5, row);
     EXPECT_LT((fromRight() ? right : left).lightness(), (fromRight() ? left : right).lightness());
+    bar->setValue(100);
+    const QImage full = bar->grab().toImage();
+    const int side = full.height();
+    const QRect end(fromRight() ? 0 : full.width() - side, 0, side, side);
+    for (int x = 0; x < full.width(); ++x) {
+        if (!end.contains(x, 0)) {
+            EXPECT_EQ(full.pixelColor(x, 1), Vexora::Palette::paper) << x;
+        }
+    }
+    EXPECT_EQ(full.pixelColor(end.center().x(), 1), Vexora::Palette::done);
+}
+
+TEST_F(Window, showsTheOutcomeWhereTheInstallationStood) {
+    enter(State::Install);
+    const auto heightOf = [this](const std::string& name) { return place(name).middle().y; };
+    const double line = heightOf("installLabel");
+    endInstall(30);
+    EXPECT_NEAR(heightOf("failLabel"), line, 12.0);
+    EXPECT_NEAR(heightOf("closeIcon"), heightOf("failLabel"), 1.0);
+    EXPECT_LE(place("logLabel").top - place("failLabel").bottom(), 8.0);
+}
+
+TEST_F(Window, showsTheNoticeWhereTheInstallationStood) {
+    enter(State::Install);
+    const double line = place("installLabel").middle().y;
+    endInstall(5);
+    EXPECT_TRUE(find("failLabel")->isHidden());
+    EXPECT_NEAR(place("logLabel").middle().y, line, 8.0);
 }
 
 TEST_P(ReadingDirection, isThatOfTheLicensesText) {

@@ -17,6 +17,7 @@ inline const QColor bluePressed(0x2a, 0x54, 0x8c);
 inline const QColor sheetHover(0xf1, 0xf4, 0xf8);
 inline const QColor sheetPressed(0xe3, 0xe9, 0xf1);
 inline const QColor outline(0x76, 0x82, 0x92);
+inline const QColor done = toQColor(doneColor);
 inline const QColor track(0xdd, 0xe3, 0xea);
 
 } // namespace Vexora::Palette

@@ -13,6 +13,7 @@ namespace {
 /// The room that a focus ring takes on each side of a button, in pixels.
 constexpr qreal ringRoom = 3.0;
 constexpr qreal cornerRadius = 7.0;
+constexpr qreal trackHeight = 10.0;
 
 bool isHelpButton(const QWidget* widget) {
     return widget != nullptr && widget->property("help").toBool();
@@ -68,14 +69,28 @@ void drawHelpMark(const QStyleOptionButton& option, QPainter& painter) {
     painter.restore();
 }
 
+/// A full bar carries it at its end, whichever way the bar runs.
+void drawCheckMark(const QRectF& place, QPainter& painter) {
+    painter.setBrush(Palette::paper);
+    painter.setPen(QPen(Palette::done, 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawEllipse(place.adjusted(1.5, 1.5, -1.5, -1.5));
+    const auto at = [&](qreal across, qreal down) {
+        return place.topLeft() + QPointF(across * place.width(), down * place.height());
+    };
+    painter.drawPolyline(QPolygonF({at(0.29, 0.52), at(0.44, 0.67), at(0.71, 0.36)}));
+}
+
 void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
-    const QRectF track(option.rect);
+    const bool fromRight = option.direction == Qt::RightToLeft;
+    const QRectF room(option.rect);
+    QRectF track(0.0, 0.0, room.width(), trackHeight);
+    track.moveCenter(room.center());
     const qreal radius = track.height() / 2;
     const qreal range = qMax(1, option.maximum - option.minimum);
     const qreal part = qBound(0.0, (option.progress - option.minimum) / range, 1.0);
     QRectF filled = track;
     filled.setWidth(track.width() * part);
-    if (option.direction == Qt::RightToLeft) {
+    if (fromRight) {
         filled.moveRight(track.right());
     }
     QPainterPath outline;
@@ -87,6 +102,15 @@ void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
     QPainterPath bar;
     bar.addRoundedRect(filled, radius, radius);
     painter.fillPath(bar, Palette::blue);
+    painter.setClipping(false);
+    // The track itself is too light to tell how much is left.
+    painter.setPen(QPen(part < 1.0 ? Palette::outline : Palette::blue, 1.0));
+    painter.drawRoundedRect(track.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    if (part == 1.0) {
+        QRectF mark(room.topLeft(), QSizeF(room.height(), room.height()));
+        mark.moveLeft(fromRight ? room.left() : room.right() - mark.width());
+        drawCheckMark(mark, painter);
+    }
     painter.restore();
 }
 

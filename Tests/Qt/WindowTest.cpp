@@ -176,6 +176,24 @@ TEST_P(ReadingDirection, isThatOfTheBar) {
     EXPECT_EQ(full.pixelColor(end.center().x(), 1), Vexora::Palette::done);
 }
 
+TEST_P(ReadingDirection, ofTheLicenseIsThatOfItsScrollBar) {
+    enter(State::LicenseOnStart);
+    auto* text = find("licenseText")->findChild<QTextEdit*>();
+    content->licenseView()->licenseText()->documentView()->setString("An agreement in English.");
+    EXPECT_EQ(text->layoutDirection(), Qt::LeftToRight);
+}
+
+TEST_P(ReadingDirection, setsTheLicensesHeadingAndTextOnOneEdge) {
+    enter(State::LicenseOnStart);
+    auto* text = find("licenseText")->findChild<QTextEdit*>();
+    const QRect line = text->cursorRect();
+    const int edge = text->viewport()->mapTo(&frontEnd.window(), line.center()).x();
+    const BackendTest::Place heading = place("licenseAgreementLabel");
+    const double start = fromRight() ? heading.right() - Vexora::TextLabel::padding
+                                     : heading.left + Vexora::TextLabel::padding;
+    EXPECT_NEAR(edge, start, 2.0);
+}
+
 TEST_F(Window, showsTheOutcomeWhereTheInstallationStood) {
     enter(State::Install);
     const auto heightOf = [this](const std::string& name) { return place(name).middle().y; };

@@ -164,6 +164,8 @@ void QtTextView::showString() {
     QTextOption option = document.defaultTextOption();
     option.setTextDirection(prevailingDirection(text));
     document.setDefaultTextOption(option);
+    // The scroll bar is where the lines end.
+    edit()->setLayoutDirection(prevailingDirection(text));
     QTextBlockFormat format;
     format.setLineHeight(QFontMetricsF(edit()->font()).height(), QTextBlockFormat::MinimumHeight);
     QTextCursor cursor(&document);

@@ -1,7 +1,24 @@
 #include "Backend/Fixture.h"
 #include "Platform/AppKit/Conversions.h"
 
+#include "Platform/AppKit/TextLabel.h"
+
 #include <map>
+
+/// A label that tells where the pointer becomes a hand.
+@interface PointedLabel : VexoraTextLabel {
+@public
+    NSRect hand;
+}
+@end
+
+@implementation PointedLabel
+
+- (void)addCursorRect:(NSRect)place cursor:(NSCursor*)cursor {
+    hand = [cursor isEqual:[NSCursor pointingHandCursor]] ? place : NSZeroRect;
+}
+
+@end
 
 namespace AppKitTest {
 
@@ -82,6 +99,29 @@ TEST_F(Window, copiesNothingByCommandCWhereNothingIsSelected) {
     BackendTest::pressKey(window(), "c", NSCommandKeyMask);
     EXPECT_TRUE(shows("startButton"));
     EXPECT_EQ(backgroundQueue.pending(), 0U);
+}
+
+TEST_F(Window, hasAHandOverTheWordsOfALinkAlone) {
+    const auto label = Vexora::adopt<PointedLabel>(
+        [[PointedLabel alloc] initWithFrame:NSMakeRect(0.0, 0.0, 400.0, 200.0)]);
+    label.get()->centered = YES;
+    NSFont* const font = [NSFont systemFontOfSize:12.0];
+    for (const bool centers : {false, true}) {
+        [label.get() setCentersVertically:centers];
+        [label.get() setStyledText:Vexora::toAttributedText(Vexora::StyledText("A link"), font,
+                                                            [NSColor blackColor])];
+        label.get()->hand = NSZeroRect;
+        [label.get() resetCursorRects];
+        EXPECT_TRUE(centers || NSIsEmptyRect(label.get()->hand));
+        [label.get() setClickHandler:Vexora::makeHandler([] {})];
+        [label.get() resetCursorRects];
+        const NSRect hand = label.get()->hand;
+        EXPECT_FALSE(NSIsEmptyRect(hand));
+        EXPECT_LT(NSWidth(hand), 100.0);
+        EXPECT_LT(NSHeight(hand), 50.0);
+        EXPECT_NEAR(NSMidX(hand), 200.0, 1.0);
+        EXPECT_EQ(NSMinY(hand) > 50.0, centers);
+    }
 }
 
 TEST_F(Window, animatesItsBarInAThread) {

@@ -3,7 +3,9 @@
 #include "Qt/Printing.h"
 
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -37,6 +39,20 @@ protected:
             }
         }
         return inked;
+    }
+
+    /// The cursor where the pointer is at a place.
+    Qt::CursorShape cursorAt(const QPoint& place) {
+        QMouseEvent move(QEvent::MouseMove, place, place, Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&label, &move);
+        return label.cursor().shape();
+    }
+
+    /// Whether a run is painted with a line under it.
+    bool underlines(qsizetype run) {
+        painted();
+        return label.formats().at(run).format.fontUnderline();
     }
 
     void fitTo(int width) { label.resize(width, label.heightForWidth(width)); }
@@ -262,6 +278,55 @@ TEST_F(TextLabel, takesTheFocusOnlyWithAHandlerAndNeverByTheMouse) {
     label.click();
     label.setClickHandler([] {});
     EXPECT_EQ(label.focusPolicy(), Qt::TabFocus);
+}
+
+class Link : public TextLabel {
+protected:
+    Link() {
+        StyledText text("before ");
+        text.append({"a link", {}, Vexora::Color{0.0, 0.0, 1.0, 1.0}});
+        text.append({" after", Vexora::Font{"QuillaSans", 12.0}, {}});
+        text.setAlignment(Vexora::TextAlignment::Center);
+        label.setStyledText(text);
+        label.resize(400, label.heightForWidth(400) + 40);
+        words = inked(painted());
+    }
+
+    QRect words;
+};
+
+TEST_F(Link, showsOverItsWordsAlone) {
+    EXPECT_EQ(cursorAt(words.center()), Qt::ArrowCursor);
+    label.setClickHandler([] {});
+    EXPECT_EQ(cursorAt(words.center()), Qt::PointingHandCursor);
+    EXPECT_EQ(cursorAt({2, words.center().y()}), Qt::ArrowCursor);
+    EXPECT_EQ(cursorAt({words.left() + 2, words.center().y()}), Qt::PointingHandCursor);
+    EXPECT_EQ(cursorAt({words.center().x(), label.height() - 2}), Qt::ArrowCursor);
+}
+
+TEST_F(Link, isUnderlinedUnderThePointer) {
+    label.setClickHandler([] {});
+    EXPECT_FALSE(underlines(0));
+    const QImage plain = painted();
+    cursorAt(words.center());
+    EXPECT_TRUE(underlines(0));
+    EXPECT_FALSE(underlines(1));
+    EXPECT_NE(painted(), plain);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&label, &leave);
+    EXPECT_EQ(painted(), plain);
+    EXPECT_EQ(label.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(Link, isUnderlinedWhileItHasTheKeyboard) {
+    label.setClickHandler([] {});
+    label.show();
+    label.activateWindow();
+    label.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return label.hasFocus(); }, 30000));
+    EXPECT_FALSE(underlines(0));
+    label.setAttribute(Qt::WA_KeyboardFocusChange);
+    EXPECT_TRUE(underlines(0));
 }
 
 } // namespace QtTest

@@ -14,17 +14,30 @@ static const CGFloat cellPadding = 2.0;
 @public
     BOOL centersVertically;
 }
+
+/// The place of centred lines in a label.
+- (NSRect)linesIn:(NSRect)frame;
+
 @end
 
 @implementation VexoraTextCell
 
+- (NSRect)linesIn:(NSRect)frame {
+    const NSSize room = NSMakeSize(NSWidth(frame) - 2 * cellPadding, NSHeight(frame));
+    const NSSize text =
+        [[self attributedStringValue] boundingRectWithSize:room
+                                                   options:NSStringDrawingUsesLineFragmentOrigin]
+            .size;
+    const CGFloat over = std::fmax(0.0, std::floor((NSHeight(frame) - text.height) / 2));
+    const CGFloat aside = std::fmax(0.0, std::floor((NSWidth(frame) - text.width) / 2));
+    return NSMakeRect(NSMinX(frame) + aside, NSMinY(frame) + (centersVertically ? over : 0.0),
+                      NSWidth(frame) - 2 * aside, std::fmin(text.height, NSHeight(frame)));
+}
+
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
     if (centersVertically) {
-        const NSRect text = [[self attributedStringValue]
-            boundingRectWithSize:NSMakeSize(NSWidth(frame) - 2 * cellPadding, NSHeight(frame))
-                         options:NSStringDrawingUsesLineFragmentOrigin];
-        const CGFloat rest = NSHeight(frame) - NSHeight(text);
-        frame = NSInsetRect(frame, 0.0, rest > 0.0 ? std::floor(rest / 2) : 0.0);
+        const CGFloat over = NSMinY([self linesIn:frame]) - NSMinY(frame);
+        frame = NSInsetRect(frame, 0.0, over);
     }
     [super drawInteriorWithFrame:frame inView:view];
 }
@@ -150,7 +163,9 @@ static const CGFloat cellPadding = 2.0;
 
 - (void)resetCursorRects {
     if ([self isClickable]) {
-        [self addCursorRect:[self bounds] cursor:[NSCursor pointingHandCursor]];
+        // A click counts anywhere, but only the words look like it.
+        const NSRect words = [Vexora::as<VexoraTextCell>([self cell]) linesIn:[self bounds]];
+        [self addCursorRect:words cursor:[NSCursor pointingHandCursor]];
     }
 }
 

@@ -146,7 +146,7 @@ Qt::Alignment TextLabel::lineAlignment() const {
 void TextLabel::setClickHandler(std::function<void()> handler) {
     clickHandler_ = std::move(handler);
     setFocusPolicy(isClickable() ? Qt::TabFocus : Qt::NoFocus);
-    setCursor(isClickable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    setMouseTracking(isClickable());
 }
 
 void TextLabel::click() {
@@ -203,10 +203,9 @@ int TextLabel::heightForWidth(int width) const {
     return static_cast<int>(std::ceil(size.height())) + 2 * verticalPadding;
 }
 
-void TextLabel::paintEvent(QPaintEvent*) {
+QPointF TextLabel::place(QTextLayout& layout) const {
     const QRect inside =
         contentsRect().adjusted(padding, verticalPadding, -padding, -verticalPadding);
-    QTextLayout layout;
     const QSizeF size = layOut(layout, inside.width());
     qreal top = inside.top();
     const bool tooTall = size.height() > inside.height();
@@ -215,20 +214,60 @@ void TextLabel::paintEvent(QPaintEvent*) {
     } else if (alignment().testFlag(Qt::AlignBottom)) {
         top += inside.height() - size.height();
     }
+    return {qreal(inside.left()), top};
+}
+
+bool TextLabel::showsFocus() const {
+    return hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void TextLabel::underline(bool underlined) {
+    for (QTextLayout::FormatRange& range : formats_) {
+        if (range.format.hasProperty(QTextFormat::ForegroundBrush)) {
+            range.format.setFontUnderline(underlined);
+        }
+    }
+}
+
+void TextLabel::paintEvent(QPaintEvent*) {
+    underline(isClickable() && (hovered_ || showsFocus()));
+    QTextLayout layout;
+    const QPointF origin = place(layout);
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    const QPointF origin(inside.left(), top);
     layout.draw(&painter, origin);
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+    if (showsFocus()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Palette::blue, 2.0));
-        QRectF ring(inside.center(), QSizeF());
+        QRectF ring;
         for (int line = 0; line < layout.lineCount(); ++line) {
             const QRectF text = layout.lineAt(line).naturalTextRect().translated(origin);
-            ring = line == 0 ? text : ring.united(text);
+            ring = ring.united(text);
         }
         painter.drawRoundedRect(ring.adjusted(-3.0, -2.0, 3.0, 2.0), 4.0, 4.0);
     }
+}
+
+void TextLabel::setHovered(bool hovered) {
+    if (hovered != hovered_) {
+        hovered_ = hovered;
+        setCursor(hovered ? Qt::PointingHandCursor : Qt::ArrowCursor);
+        update();
+    }
+}
+
+void TextLabel::mouseMoveEvent(QMouseEvent* event) {
+    QTextLayout layout;
+    const QPointF position = event->position() - place(layout);
+    bool hovered = false;
+    for (int line = 0; line < layout.lineCount(); ++line) {
+        hovered = hovered || layout.lineAt(line).naturalTextRect().contains(position);
+    }
+    setHovered(isClickable() && hovered);
+}
+
+void TextLabel::leaveEvent(QEvent*) {
+    setHovered(false);
 }
 
 void TextLabel::mousePressEvent(QMouseEvent* event) {

@@ -1,5 +1,7 @@
 // The widget behind a text field: styled runs that wrap and grow, and that can be clicked like a
-// link. To assistive tools it is a text, or a link with a press action once it is clickable.
+// link. Only the words look like one then, and the coloured are underlined under the pointer and
+// while they have the keyboard. To assistive tools it is a text, or a link with a press action once
+// it is clickable.
 #pragma once
 
 #include "Platform/StyledText.h"
@@ -41,6 +43,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -52,9 +56,17 @@ private:
     /// Sets the text in lines of that width; the result is the size that they take.
     QSizeF layOut(QTextLayout& layout, qreal width) const;
 
+    /// Sets the text in the lines that are painted; the result is their corner.
+    QPointF place(QTextLayout& layout) const;
+
+    bool showsFocus() const;
+    void setHovered(bool hovered);
+    void underline(bool underlined);
+
     StyledText styledText_;
     QList<QTextLayout::FormatRange> formats_;
     std::function<void()> clickHandler_;
+    bool hovered_ = false;
 };
 
 /// Makes labels known to assistive tools as described above; once per process.

@@ -34,6 +34,8 @@ void InstallViewController::attempt(const std::function<void()>& step) {
         // Before anything else: the ticks would carry the bar to the success text.
         model_.freeze();
         platform().systemLog.log(std::string("Failed to install: ") + error.what());
+        platform().mainQueue.async(
+            [bar = installProgress_] { bar->setUsesThreadedAnimation(false); });
     }
 }
 

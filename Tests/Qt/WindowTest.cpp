@@ -1,5 +1,6 @@
 #include "Backend/Fixture.h"
 #include "Platform/Qt/Palette.h"
+#include "Platform/Qt/PaperStyle.h"
 #include "Platform/Qt/TextLabel.h"
 
 #include <QDialog>
@@ -190,6 +191,42 @@ TEST_P(ReadingDirection, setsTheLicensesHeadingAndTextOnOneEdge) {
     const double start = fromRight() ? heading.right() - Vexora::TextLabel::padding
                                      : heading.left + Vexora::TextLabel::padding;
     EXPECT_NEAR(edge, start, 2.0);
+}
+
+TEST_F(Window, showsThatWorkGoesOnWhileTheBarRests) {
+    enter(State::Install);
+    const auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
+    const auto sheen = [bar] { return bar->property("sheen"); };
+    content->installView()->setIncrement(0.0);
+    ASSERT_TRUE(FrontEnd::waitFor([&] { return sheen().isValid(); }));
+    const QVariant before = sheen();
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return sheen() != before; }));
+    auto* style = qobject_cast<Vexora::PaperStyle*>(QApplication::style());
+    style->heed({.motion = false});
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return !sheen().isValid(); }));
+    style->heed({});
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return sheen().isValid(); }));
+    bar->window()->hide();
+    EXPECT_TRUE(FrontEnd::waitFor([&] { return !sheen().isValid(); }));
+}
+
+TEST_F(Window, hasNoSheenWhereNothingIsAnimated) {
+    enter(State::Install);
+    auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
+    bar->setProperty("sheen", 0.5);
+    content->installView()->installProgress()->setUsesThreadedAnimation(false);
+    EXPECT_FALSE(bar->property("sheen").isValid());
+}
+
+TEST_F(Window, hasNoSheenOnAFullBar) {
+    enter(State::Install);
+    auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
+    bar->setProperty("sheen", 0.5);
+    endInstall(0);
+    EXPECT_FALSE(bar->property("sheen").isValid());
+    const QImage full = bar->grab().toImage();
+    bar->setProperty("sheen", 0.5);
+    EXPECT_NE(bar->grab().toImage(), full);
 }
 
 TEST_F(Window, showsTheOutcomeWhereTheInstallationStood) {

@@ -45,6 +45,7 @@ protected:
         EXPECT_EQ(platform.calls.beginningWith("log: "),
                   Lines{"log: Failed to install: " + reason});
         EXPECT_EQ(window->installView()->increment(), 0.0);
+        EXPECT_FALSE(bar()->usesThreadedAnimation());
         EXPECT_FALSE(window->installView()->successfulInstall());
         EXPECT_LT(bar()->doubleValue(), 90.0);
         EXPECT_EQ(textField("installLabel")->stringValue(), "Installing Ondrel Vexora Lumiq...");

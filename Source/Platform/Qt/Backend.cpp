@@ -15,6 +15,7 @@
 #include "Platform/Qt/Picture.h"
 #include "Platform/Qt/TextLabel.h"
 #include "Platform/Qt/Views.h"
+#include "Platform/Qt/Wishes.h"
 #include "Platform/Qt/Workspace.h"
 
 #include <QApplication>
@@ -27,7 +28,7 @@ namespace {
 /// The desktop as the program shows itself on it.
 struct Desktop {
     Desktop(char** argv, const std::string& resources) : toolkit(argumentCount, argv) {
-        QApplication::setStyle(new PaperStyle);
+        QApplication::setStyle(style);
         QApplication::setPalette(PaperStyle::paperPalette());
         QApplication::setDesktopFileName("vexora-one-click-installer");
         QIcon icon;
@@ -43,6 +44,7 @@ struct Desktop {
     /// The program's name alone: the toolkit would take options.
     int argumentCount = 1;
     QApplication toolkit;
+    PaperStyle* style = new PaperStyle;
 };
 
 } // namespace
@@ -106,6 +108,8 @@ int Backend::run(View& content, const std::function<void()>& didFinishLaunching)
     if (const auto* root = dynamic_cast<WidgetOwner*>(&content)) {
         window.setContent(root->widget());
     }
+    askForWishes(QDBusConnection::sessionBus(),
+                 [this](const Wishes& wishes) { parts_->desktop.style->heed(wishes); });
     window.show();
     didFinishLaunching();
     return QApplication::exec();

@@ -14,6 +14,7 @@ namespace {
 constexpr qreal ringRoom = 3.0;
 constexpr qreal cornerRadius = 7.0;
 constexpr qreal trackHeight = 10.0;
+constexpr qreal sheenWidth = 40.0;
 
 bool isHelpButton(const QWidget* widget) {
     return widget != nullptr && widget->property("help").toBool();
@@ -80,7 +81,20 @@ void drawCheckMark(const QRectF& place, QPainter& painter) {
     painter.drawPolyline(QPolygonF({at(0.29, 0.52), at(0.44, 0.67), at(0.71, 0.36)}));
 }
 
-void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
+/// A light on its way over what is done.
+void drawSheen(const QRectF& filled, qreal way, QPainter& painter) {
+    QLinearGradient light(filled.left() + (filled.width() + 2 * sheenWidth) * way - 2 * sheenWidth,
+                          0.0, 0.0, 0.0);
+    light.setFinalStop(light.start() + QPointF(2 * sheenWidth, 0.0));
+    light.setStops({{0.0, QColor(255, 255, 255, 0)},
+                    {0.5, QColor(255, 255, 255, 120)},
+                    {1.0, QColor(255, 255, 255, 0)}});
+    painter.fillRect(filled, light);
+}
+
+/// \param sheen how far a light is on its way over the bar; null without one.
+void drawProgressBar(const QStyleOptionProgressBar& option, const QVariant& sheen,
+                     QPainter& painter) {
     const bool fromRight = option.direction == Qt::RightToLeft;
     const QRectF room(option.rect);
     QRectF track(0.0, 0.0, room.width(), trackHeight);
@@ -102,6 +116,10 @@ void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
     QPainterPath bar;
     bar.addRoundedRect(filled, radius, radius);
     painter.fillPath(bar, Palette::blue);
+    if (sheen.isValid()) {
+        painter.setClipPath(bar, Qt::IntersectClip);
+        drawSheen(filled, fromRight ? 1.0 - sheen.toDouble() : sheen.toDouble(), painter);
+    }
     painter.setClipping(false);
     // The track itself is too light to tell how much is left.
     painter.setPen(QPen(part < 1.0 ? Palette::outline : Palette::blue, 1.0));
@@ -161,7 +179,8 @@ void PaperStyle::drawControl(ControlElement element, const QStyleOption* option,
     }
     if (element == CE_ProgressBar) {
         if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
-            drawProgressBar(*bar, *painter);
+            drawProgressBar(*bar, widget == nullptr ? QVariant() : widget->property("sheen"),
+                            *painter);
             return;
         }
     }
@@ -262,6 +281,14 @@ int PaperStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+}
+
+int PaperStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* more) const {
+    if (hint == SH_Widget_Animation_Duration && !wishes_.motion) {
+        return 0;
+    }
+    return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
 } // namespace Vexora

@@ -2,6 +2,8 @@
 // Draws over Fusion, which supplies everything that is not drawn here.
 #pragma once
 
+#include "Platform/Qt/Wishes.h"
+
 #include <QProxyStyle>
 
 namespace Vexora {
@@ -14,6 +16,9 @@ public:
 
     /// The light palette that belongs to the style.
     static QPalette paperPalette();
+
+    /// Draws as the desktop wants from now on.
+    void heed(const Wishes& wishes) { wishes_ = wishes; }
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
@@ -29,6 +34,11 @@ public:
                            const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override;
+
+private:
+    Wishes wishes_;
 };
 
 } // namespace Vexora

@@ -6,6 +6,7 @@
 
 #include <QGraphicsOpacityEffect>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -20,6 +21,12 @@ Pane* paneOf(View& view) {
     const auto* owner = dynamic_cast<const WidgetOwner*>(&view);
     return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
 }
+
+/// How long a bar rests before it has a sheen, how long a step of that shows, in milliseconds, and
+/// how many steps it takes.
+constexpr int restBeforeSheen = 1500;
+constexpr int stepOfSheen = 100;
+constexpr int stepsOfSheen = 24;
 
 /// Lets the way to the end of a text lead there while lines that are out of sight are not set yet,
 /// which is done when there is time.
@@ -124,6 +131,31 @@ QtImageView::QtImageView(Picture* picture) : Shown(picture) {}
 QtProgressIndicator::QtProgressIndicator(QProgressBar* bar)
     : Shown(bar), minimum_(bar->minimum()), maximum_(bar->maximum()) {
     setRange(minimum_, maximum_);
+    QObject::connect(&clock_, &QTimer::timeout, bar, [this] { shine(); });
+}
+
+void QtProgressIndicator::applyThreadedAnimation() {
+    awaitRest();
+}
+
+void QtProgressIndicator::awaitRest() {
+    step_ = 0;
+    bar()->setProperty("sheen", QVariant());
+    bar()->update();
+    const bool goesOn = usesThreadedAnimation() && bar()->value() < bar()->maximum();
+    goesOn ? clock_.start(restBeforeSheen) : clock_.stop();
+}
+
+void QtProgressIndicator::shine() {
+    const bool moves = bar()->style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+    if (!bar()->isVisible() || !moves) {
+        awaitRest();
+        return;
+    }
+    bar()->setProperty("sheen", step_ / double(stepsOfSheen));
+    bar()->update();
+    step_ = (step_ + 1) % stepsOfSheen;
+    clock_.start(stepOfSheen);
 }
 
 void QtProgressIndicator::applyIndeterminate() {
@@ -132,7 +164,11 @@ void QtProgressIndicator::applyIndeterminate() {
 }
 
 void QtProgressIndicator::applyValue() {
-    bar()->setValue(qRound(doubleValue()));
+    const int value = qRound(doubleValue());
+    if (value != bar()->value()) {
+        bar()->setValue(value);
+        awaitRest();
+    }
 }
 
 QtTextView::QtTextView(Size size) : Shown(new QTextEdit) {

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -82,13 +83,22 @@ public:
 
 protected:
     void applyIndeterminate() override;
+    void applyThreadedAnimation() override;
     void applyValue() override;
 
 private:
+    /// Ends the sheen until the bar has rested for a while below its end.
+    void awaitRest();
+
+    /// Moves the sheen on, as far as the bar shows and the desktop lets it.
+    void shine();
+
     QProgressBar* bar() const { return static_cast<QProgressBar*>(widget()); }
 
     int minimum_;
     int maximum_;
+    QTimer clock_;
+    int step_ = 0;
 };
 
 class QtTextView : public Shown<TextView, WidgetOwner> {

@@ -1,6 +1,6 @@
 """What the window shows and starts when the installation has come to its end."""
 
-from gi.repository import Gio, GLib
+from gi.repository import GLib
 
 from case import HELD, DesktopTestCase
 from desktop import wait_until
@@ -115,22 +115,9 @@ class FailureActionsTest(DesktopTestCase):
     def setUpClass(cls):
         super().setUpClass()
         cls.shown = []
-        connection = Gio.DBusConnection.new_for_address_sync(
-            cls.desktop.environment["DBUS_SESSION_BUS_ADDRESS"],
-            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
-            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        connection = cls.desktop.serve("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", FILE_MANAGER,
+                                       lambda items, _identifier: cls.shown.append(items))
         cls.addClassCleanup(connection.close_sync, None)
-        description = Gio.DBusNodeInfo.new_for_xml(FILE_MANAGER).interfaces[0]
-        connection.register_object("/org/freedesktop/FileManager1", description, cls.show_items,
-                                   None, None)
-        Gio.bus_own_name_on_connection(connection, "org.freedesktop.FileManager1",
-                                       Gio.BusNameOwnerFlags.NONE, None, None)
-
-    @classmethod
-    def show_items(cls, _connection, _sender, _path, _interface, _method, parameters, invocation):
-        """Takes the call to the file manager."""
-        cls.shown.append(parameters.unpack()[0])
-        invocation.return_value(None)
 
     def setUp(self):
         self.shown.clear()

@@ -2,6 +2,7 @@
 
 #include "Backend/Fixture.h"
 #include "Platform/Qt/PaperStyle.h"
+#include "Platform/Qt/TextLabel.h"
 #include "Qt/Printing.h"
 
 #include <QApplication>
@@ -104,6 +105,17 @@ TEST(PaperControls, thatTheWindowDoesNotHaveAreTheToolkitsOwn) {
     }
 }
 
+TEST(PaperPalette, isBlackOnWhiteForContrast) {
+    const QPalette paper = Vexora::PaperStyle::paperPalette(true);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        EXPECT_EQ(paper.color(role), Qt::black) << role;
+    }
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        EXPECT_EQ(paper.color(role), Qt::white) << role;
+    }
+    EXPECT_EQ(paper.color(QPalette::Link), Palette::blue);
+}
+
 class PaperWindow : public BackendTest::Fixture {
 protected:
     QImage picture() const { return frontEnd.window().grab().toImage(); }
@@ -130,6 +142,34 @@ TEST_F(PaperWindow, showsTheHelpButtonPressed) {
         const QImage image = button->grab().toImage();
         const QColor fill = image.pixelColor(image.width() / 5, image.height() / 2);
         EXPECT_EQ(fill, pressed ? Palette::sheetPressed : Palette::sheet);
+    }
+}
+
+TEST_F(PaperWindow, standsOutWhereTheDesktopAsksForContrast) {
+    enter(State::Failure);
+    auto* style = qobject_cast<Vexora::PaperStyle*>(QApplication::style());
+    const auto has = [](QWidget* widget, const QColor& color) {
+        const QImage image = widget->grab().toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == color) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    const auto* link = qobject_cast<Vexora::TextLabel*>(find("logLabel"));
+    for (const bool contrast : {true, false}) {
+        style->heed({true, contrast});
+        BackendTest::FrontEnd::settle();
+        EXPECT_EQ(picture().pixelColor(3, 3), contrast ? Qt::white : Palette::paper);
+        for (const char* name : {"failLabel", "closeButton", "troubleshootButton"}) {
+            EXPECT_EQ(has(find(name), Qt::black), contrast) << name;
+        }
+        const QTextCharFormat words = link->formats().last().format;
+        EXPECT_EQ(words.foreground().color(), Palette::blue);
+        EXPECT_EQ(words.fontUnderline(), contrast);
     }
 }
 

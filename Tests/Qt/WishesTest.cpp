@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <tuple>
 
 namespace QtTest {
 
@@ -48,10 +49,13 @@ protected:
         portal_.settings = settings;
         EXPECT_TRUE(QTest::qWaitFor([this] { return !serving_.empty(); }, 30000));
         std::optional<Vexora::Wishes> wishes;
-        Vexora::askForWishes(client_, [&](const Vexora::Wishes& answer) { wishes = answer; });
+        Vexora::askForWishes(client_, known,
+                             [&](const Vexora::Wishes& answer) { wishes = answer; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return wishes.has_value(); }, 30000));
         return wishes.value_or(Vexora::Wishes());
     }
+
+    Vexora::Wishes known;
 
 private:
     Portal portal_;
@@ -70,6 +74,33 @@ TEST_F(Wishes, areAgainstMotionWhereTheDesktopSaysSo) {
     };
     for (const Settings& settings : against) {
         EXPECT_FALSE(wishesOf(settings).motion) << settings.firstKey().toStdString();
+    }
+}
+
+TEST_F(Wishes, areForContrastWhereTheDesktopSaysSo) {
+    EXPECT_FALSE(wishesOf({}).contrast);
+    EXPECT_FALSE(wishesOf({{"org.gnome.desktop.interface", {{"gtk-theme", "Adwaita"}}}}).contrast);
+    const Settings asking[] = {
+        {{"org.freedesktop.appearance", {{"contrast", 1U}}}},
+        {{"org.gnome.desktop.a11y.interface", {{"high-contrast", true}}}},
+        {{"org.gnome.desktop.interface", {{"gtk-theme", "HighContrastInverse"}}}},
+    };
+    for (const Settings& settings : asking) {
+        EXPECT_TRUE(wishesOf(settings).contrast) << settings.firstKey().toStdString();
+    }
+    known = {.motion = false, .contrast = true};
+    EXPECT_TRUE(wishesOf({}).contrast);
+    EXPECT_FALSE(wishesOf({}).motion);
+}
+
+TEST(WishesInColors, areForContrastInBlackAndWhite) {
+    for (const auto& [ink, paper, asks] :
+         {std::tuple(Qt::black, Qt::white, true), std::tuple(Qt::white, Qt::black, true),
+          std::tuple(Qt::black, Qt::lightGray, false)}) {
+        QPalette colors(Qt::gray);
+        colors.setColor(QPalette::WindowText, ink);
+        colors.setColor(QPalette::Window, paper);
+        EXPECT_EQ(Vexora::wishesIn(colors).contrast, asks);
     }
 }
 

@@ -6,7 +6,7 @@ import subprocess
 import time
 
 import pyatspi
-from gi.repository import GLib
+from gi.repository import Gio, GLib
 
 from display import DEADLINE, DeadlineError, Display
 
@@ -81,6 +81,21 @@ class Desktop(Display):
         """Runs xdotool and returns its output; raises when it fails."""
         return subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True,
                               stdout=subprocess.PIPE, text=True).stdout
+
+    def serve(self, name, path, interface, handle):
+        """Offers an interface, given as XML, under that name on the session bus, and returns the connection to close.
+
+        handle takes a call's parameters as Python values and returns the variant to answer with, if any.
+        """
+        connection = Gio.DBusConnection.new_for_address_sync(
+            self.environment["DBUS_SESSION_BUS_ADDRESS"],
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        connection.register_object(
+            path, Gio.DBusNodeInfo.new_for_xml(interface).interfaces[0],
+            lambda *call: call[6].return_value(handle(*call[5].unpack())), None, None)
+        Gio.bus_own_name_on_connection(connection, name, Gio.BusNameOwnerFlags.NONE, None, None)
+        return connection
 
     def _open(self):
         super()._open()

@@ -27,9 +27,10 @@ namespace {
 
 /// The desktop as the program shows itself on it.
 struct Desktop {
-    Desktop(char** argv, const std::string& resources) : toolkit(argumentCount, argv) {
+    Desktop(char** argv, const std::string& resources)
+        : toolkit(argumentCount, argv), wishes(wishesIn(QApplication::palette())) {
         QApplication::setStyle(style);
-        QApplication::setPalette(PaperStyle::paperPalette());
+        style->heed(wishes);
         QApplication::setDesktopFileName("vexora-one-click-installer");
         QIcon icon;
         for (const int size : {32, 64}) {
@@ -44,6 +45,7 @@ struct Desktop {
     /// The program's name alone: the toolkit would take options.
     int argumentCount = 1;
     QApplication toolkit;
+    Wishes wishes;
     PaperStyle* style = new PaperStyle;
 };
 
@@ -108,7 +110,7 @@ int Backend::run(View& content, const std::function<void()>& didFinishLaunching)
     if (const auto* root = dynamic_cast<WidgetOwner*>(&content)) {
         window.setContent(root->widget());
     }
-    askForWishes(QDBusConnection::sessionBus(),
+    askForWishes(QDBusConnection::sessionBus(), parts_->desktop.wishes,
                  [this](const Wishes& wishes) { parts_->desktop.style->heed(wishes); });
     window.show();
     didFinishLaunching();

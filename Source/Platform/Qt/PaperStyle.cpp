@@ -2,6 +2,7 @@
 
 #include "Platform/Qt/Palette.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -18,6 +19,10 @@ constexpr qreal sheenWidth = 40.0;
 
 bool isHelpButton(const QWidget* widget) {
     return widget != nullptr && widget->property("help").toBool();
+}
+
+QColor outlineIn(const QStyleOption& option) {
+    return option.palette.color(QPalette::Dark);
 }
 
 bool showsFocus(const QStyleOption& option) {
@@ -48,8 +53,11 @@ void drawButton(const QStyleOptionButton& option, QPainter& painter, bool round)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(buttonFill(option));
-    painter.setPen(primary ? QPen(Qt::NoPen) : QPen(Palette::outline, 1.0));
-    const QRectF edge = primary ? body : body.adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool contrast = PaperStyle::hasContrast(option.palette);
+    const qreal outline = contrast ? 2.0 : primary ? 0.0 : 1.0;
+    painter.setPen(outline > 0.0 ? QPen(outlineIn(option), outline) : QPen(Qt::NoPen));
+    const qreal half = outline / 2;
+    const QRectF edge = body.adjusted(half, half, -half, -half);
     painter.drawRoundedRect(edge, radius, radius);
     if (showsFocus(option)) {
         painter.setBrush(Qt::NoBrush);
@@ -71,8 +79,8 @@ void drawHelpMark(const QStyleOptionButton& option, QPainter& painter) {
 }
 
 /// A full bar carries it at its end, whichever way the bar runs.
-void drawCheckMark(const QRectF& place, QPainter& painter) {
-    painter.setBrush(Palette::paper);
+void drawCheckMark(const QRectF& place, const QColor& paper, QPainter& painter) {
+    painter.setBrush(paper);
     painter.setPen(QPen(Palette::done, 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawEllipse(place.adjusted(1.5, 1.5, -1.5, -1.5));
     const auto at = [&](qreal across, qreal down) {
@@ -122,12 +130,12 @@ void drawProgressBar(const QStyleOptionProgressBar& option, const QVariant& shee
     }
     painter.setClipping(false);
     // The track itself is too light to tell how much is left.
-    painter.setPen(QPen(part < 1.0 ? Palette::outline : Palette::blue, 1.0));
+    painter.setPen(QPen(part < 1.0 ? outlineIn(option) : Palette::blue, 1.0));
     painter.drawRoundedRect(track.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
     if (part == 1.0) {
         QRectF mark(room.topLeft(), QSizeF(room.height(), room.height()));
         mark.moveLeft(fromRight ? room.left() : room.right() - mark.width());
-        drawCheckMark(mark, painter);
+        drawCheckMark(mark, option.palette.color(QPalette::Window), painter);
     }
     painter.restore();
 }
@@ -137,7 +145,7 @@ void drawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPaint
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(option.state.testFlag(QStyle::State_Sunken) ? Palette::blue
-                                                                 : Palette::outline);
+                                                                 : outlineIn(option));
     const QRectF knob = QRectF(slider).adjusted(3.0, 3.0, -3.0, -3.0);
     const qreal radius = qMin(knob.width(), knob.height()) / 2;
     painter.drawRoundedRect(knob, radius, radius);
@@ -148,14 +156,24 @@ void drawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPaint
 
 PaperStyle::PaperStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
-QPalette PaperStyle::paperPalette() {
-    QPalette palette(Palette::ink, Palette::sheet, Palette::sheet, Palette::outline,
-                     Palette::outline, Palette::ink, Palette::sheet, Palette::sheet,
-                     Palette::paper);
+QPalette PaperStyle::paperPalette(bool contrast) {
+    const QColor ink = contrast ? Qt::black : Palette::ink;
+    const QColor outline = contrast ? Qt::black : Palette::outline;
+    QPalette palette(ink, Palette::sheet, Palette::sheet, outline, outline, ink, Palette::sheet,
+                     Palette::sheet, contrast ? Palette::sheet : Palette::paper);
     palette.setColor(QPalette::Highlight, Palette::blue);
     palette.setColor(QPalette::HighlightedText, Palette::inkOnBlue);
     palette.setColor(QPalette::Link, Palette::blue);
     return palette;
+}
+
+bool PaperStyle::hasContrast(const QPalette& palette) {
+    return palette.color(QPalette::WindowText) == Qt::black;
+}
+
+void PaperStyle::heed(const Wishes& wishes) {
+    wishes_ = wishes;
+    QApplication::setPalette(paperPalette(wishes.contrast));
 }
 
 void PaperStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -196,7 +214,7 @@ void PaperStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     if (element == PE_Frame) {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(showsFocus(*option) ? Palette::blue : Palette::outline, 1.0));
+        painter->setPen(QPen(showsFocus(*option) ? Palette::blue : outlineIn(*option), 1.0));
         painter->setBrush(Palette::sheet);
         painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 4.0, 4.0);
         painter->restore();

@@ -15,10 +15,12 @@ public:
     PaperStyle();
 
     /// The light palette that belongs to the style.
-    static QPalette paperPalette();
+    /// \param contrast whether text and borders are black and the paper white.
+    static QPalette paperPalette(bool contrast = false);
+    static bool hasContrast(const QPalette& palette);
 
-    /// Draws as the desktop wants from now on.
-    void heed(const Wishes& wishes) { wishes_ = wishes; }
+    /// Draws as the desktop wants from now on, in a palette to match.
+    void heed(const Wishes& wishes);
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;

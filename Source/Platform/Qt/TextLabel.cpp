@@ -3,6 +3,7 @@
 #include "Platform/LineBreaking.h"
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Palette.h"
+#include "Platform/Qt/PaperStyle.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>
@@ -230,7 +231,8 @@ void TextLabel::underline(bool underlined) {
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {
-    underline(isClickable() && (hovered_ || showsFocus()));
+    const bool stands = hovered_ || showsFocus() || PaperStyle::hasContrast(palette());
+    underline(isClickable() && stands);
     QTextLayout layout;
     const QPointF origin = place(layout);
     QPainter painter(this);

@@ -7,6 +7,8 @@
 #include <QDBusPendingReply>
 #include <QVariantMap>
 
+#include <cstdlib>
+
 namespace Vexora {
 namespace {
 
@@ -15,30 +17,41 @@ using Settings = QMap<QString, QVariantMap>;
 
 constexpr auto appearance = "org.freedesktop.appearance";
 constexpr auto gnome = "org.gnome.desktop.interface";
+constexpr auto gnomeAccess = "org.gnome.desktop.a11y.interface";
 constexpr auto kde = "org.kde.kdeglobals.KDE";
 
-Wishes wishesIn(const Settings& settings) {
-    Wishes wishes;
-    wishes.motion = settings[appearance]["reduced-motion"].toInt() != 1 &&
-                    settings[gnome].value("enable-animations", true).toBool() &&
-                    settings[kde].value("AnimationDurationFactor", 1.0).toDouble() != 0.0;
-    return wishes;
+Wishes join(Wishes known, const Settings& settings) {
+    known.motion = known.motion && settings[appearance]["reduced-motion"].toInt() != 1 &&
+                   settings[gnome].value("enable-animations", true).toBool() &&
+                   settings[kde].value("AnimationDurationFactor", 1.0).toDouble() != 0.0;
+    known.contrast = known.contrast || settings[appearance]["contrast"].toInt() == 1 ||
+                     settings[gnomeAccess]["high-contrast"].toBool() ||
+                     settings[gnome]["gtk-theme"].toString().startsWith("HighContrast");
+    return known;
 }
 
 } // namespace
 
-void askForWishes(const QDBusConnection& bus, std::function<void(const Wishes&)> answer) {
+Wishes wishesIn(const QPalette& colors) {
+    Wishes wishes;
+    const int text = colors.color(QPalette::WindowText).lightness();
+    wishes.contrast = std::abs(text - colors.color(QPalette::Window).lightness()) >= 250;
+    return wishes;
+}
+
+void askForWishes(const QDBusConnection& bus, const Wishes& known,
+                  std::function<void(const Wishes&)> answer) {
     qDBusRegisterMetaType<Settings>();
     QDBusMessage call = QDBusMessage::createMethodCall(
         "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
         "org.freedesktop.portal.Settings", "ReadAll");
-    call << QStringList{appearance, gnome, kde};
+    call << QStringList{appearance, gnome, gnomeAccess, kde};
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), qApp);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, qApp,
-                     [watcher, answer = std::move(answer)] {
+                     [watcher, known, answer = std::move(answer)] {
                          const QDBusPendingReply<Settings> reply = *watcher;
                          if (reply.isValid()) {
-                             answer(wishesIn(reply.value()));
+                             answer(join(known, reply.value()));
                          }
                          watcher->deleteLater();
                      });

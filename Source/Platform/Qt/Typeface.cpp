@@ -57,7 +57,7 @@ QString plainFamily(const QByteArray& language) {
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         const FcPattern* font = fonts->fonts[i];
         if (covers(font, language) && isPlain(font)) {
-            const QString family = familyOf(font);
+            QString family = familyOf(font);
             if (family.startsWith(QLatin1String("Noto Sans"))) {
                 return family;
             }

@@ -125,9 +125,11 @@ TEST_F(MacCalls, textOfTheLicenseIsNamedAfterItsHeading) {
     EXPECT_EQ(macCalls().labels[text], translation("License Agreement"));
 }
 
-TEST_F(MacCalls, helpIsNamedAfterTheFailure) {
+TEST_F(MacCalls, helpIsALinkNamedAfterItsAddress) {
     enter(State::Failure);
-    EXPECT_EQ(labelOf("troubleshootButton"), translation("Installation failed"));
+    EXPECT_EQ(labelOf("troubleshootButton"), TROUBLESHOOTING_URL);
+    EXPECT_EQ(roleOf("troubleshootButton"), "AXLink");
+    EXPECT_EQ(Vexora::toUtf8([find("troubleshootButton") toolTip]), TROUBLESHOOTING_URL);
 }
 
 TEST_F(MacCalls, picturesSayNothing) {

@@ -99,7 +99,8 @@ TEST_F(Accessibility, failureScreenIsDescribed) {
     expect("failLabel", QAccessible::StaticText, translation("Installation failed"));
     expect("logLabel", QAccessible::Link,
            translation("Failed to extract Ondrel Vexora Lumiq.") + ' ' + translation("Open logs"));
-    expect("troubleshootButton", QAccessible::Button, translation("Installation failed"));
+    expect("troubleshootButton", QAccessible::Link, TROUBLESHOOTING_URL);
+    EXPECT_EQ(find("troubleshootButton")->toolTip(), TROUBLESHOOTING_URL);
     activate("logLabel");
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
     activate("troubleshootButton");

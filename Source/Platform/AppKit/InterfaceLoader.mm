@@ -1,5 +1,6 @@
 #include "Platform/AppKit/InterfaceLoader.h"
 
+#include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
 #include "Platform/AppKit/Picture.h"
@@ -83,7 +84,11 @@ Strong<NSView> makeButton(NSDictionary* control) {
     const auto made = adopt<VexoraButton>([[VexoraButton alloc] initWithFrame:frameOf(control)]);
     VexoraButton* const button = made.get();
     if (number(control, @"help") != 0) {
+        NSString* const address = @VEXORA_TROUBLESHOOTING_URL;
         [button setBezelStyle:NSBezelStyleHelpButton];
+        [button setToolTip:address];
+        setAccessibleName(button, address);
+        setAccessibleRole(button, NSAccessibilityLinkRole);
     }
     [button setIsDefault:number(control, @"default") != 0];
     button->cancels = number(control, @"cancels") != 0;

@@ -4,7 +4,6 @@
 #include "Platform/Qt/Pane.h"
 #include "Platform/Qt/Typeface.h"
 
-#include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
@@ -26,12 +25,6 @@ namespace {
 constexpr int narrowestWindow = 440;
 constexpr int widestContent = 720;
 constexpr QSize usualFrame(8, 40);
-
-/// To assistive tools a plain widget is no window.
-QAccessibleInterface* makeWindowAccessible(const QString&, QObject* object) {
-    auto* window = qobject_cast<QtWindow*>(object);
-    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
-}
 
 } // namespace
 
@@ -145,7 +138,6 @@ QPushButton* QtWindow::buttonForReturn() const {
 
 QtApplication::QtApplication() : desktopFont_(QApplication::font()) {
     qApp->installEventFilter(this);
-    QAccessible::installFactory(makeWindowAccessible);
 }
 
 QtApplication::~QtApplication() {

@@ -6,6 +6,7 @@
 #include "Platform/Posix/Queues.h"
 #include "Platform/Posix/Start.h"
 #include "Platform/Posix/SystemLog.h"
+#include "Platform/Qt/Accessibility.h"
 #include "Platform/Qt/AdministratorScript.h"
 #include "Platform/Qt/Application.h"
 #include "Platform/Qt/Conversions.h"
@@ -39,7 +40,7 @@ struct Desktop {
         }
         QApplication::setWindowIcon(icon);
         loadFonts(toQString(resources + "/Fonts"));
-        installTextLabelAccessibility();
+        installAccessibility();
     }
 
     /// The program's name alone: the toolkit would take options.

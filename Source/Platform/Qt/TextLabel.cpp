@@ -5,7 +5,6 @@
 #include "Platform/Qt/Palette.h"
 #include "Platform/Qt/PaperStyle.h"
 
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -292,51 +291,6 @@ void TextLabel::keyPressEvent(QKeyEvent* event) {
     } else if (!event->isAutoRepeat()) {
         click();
     }
-}
-
-namespace {
-
-class TextLabelAccessible : public QAccessibleWidget {
-public:
-    explicit TextLabelAccessible(TextLabel* label) : QAccessibleWidget(label) {}
-
-    QAccessible::Role role() const override {
-        return label()->isClickable() ? QAccessible::Link : QAccessible::StaticText;
-    }
-
-    QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? label()->text() : QAccessibleWidget::text(kind);
-    }
-
-    QStringList actionNames() const override {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (label()->isClickable()) {
-            names.prepend(pressAction());
-        }
-        return names;
-    }
-
-    void doAction(const QString& name) override {
-        if (name == pressAction()) {
-            label()->click();
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
-    }
-
-private:
-    TextLabel* label() const { return static_cast<TextLabel*>(widget()); }
-};
-
-QAccessibleInterface* makeTextLabelAccessible(const QString&, QObject* object) {
-    auto* label = qobject_cast<TextLabel*>(object);
-    return label == nullptr ? nullptr : new TextLabelAccessible(label);
-}
-
-} // namespace
-
-void installTextLabelAccessibility() {
-    QAccessible::installFactory(makeTextLabelAccessible);
 }
 
 } // namespace Vexora

@@ -69,7 +69,4 @@ private:
     bool hovered_ = false;
 };
 
-/// Makes labels known to assistive tools as described above; once per process.
-void installTextLabelAccessibility();
-
 } // namespace Vexora

@@ -115,6 +115,10 @@ QtButton::QtButton(QPushButton* button) : Shown(button) {
     // A click leaves the focus where it is, as on a label.
     button->setFocusPolicy(Qt::TabFocus);
     QObject::connect(button, &QPushButton::clicked, button, [this] { click(); });
+    if (button->property("help").toBool()) {
+        button->setAccessibleName(QStringLiteral(VEXORA_TROUBLESHOOTING_URL));
+        button->setToolTip(button->accessibleName());
+    }
 }
 
 void QtButton::applyTitle() {

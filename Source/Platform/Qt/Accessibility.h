@@ -1,0 +1,10 @@
+// What assistive tools are told about widgets that the toolkit would take for others. Main thread only.
+#pragma once
+
+namespace Vexora {
+
+/// Makes the window known as one, labels as texts or links, and the help button as a link; once per
+/// process.
+void installAccessibility();
+
+} // namespace Vexora

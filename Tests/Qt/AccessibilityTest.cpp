@@ -63,6 +63,11 @@ TEST_F(Accessibility, focusActionOfTheNoticeFocusesIt) {
     EXPECT_EQ(focused(), "licenseLabel");
 }
 
+TEST_F(Accessibility, windowIsADialog) {
+    openWindow();
+    EXPECT_EQ(described(&frontEnd.window()).role(), QAccessible::Dialog);
+}
+
 TEST_F(Accessibility, plainTextHasNoPressAction) {
     openWindow();
     auto* actions = described("startLabel").actionInterface();
@@ -84,11 +89,26 @@ TEST_F(Accessibility, progressBarTellsItsNameAndValue) {
     EXPECT_EQ(value->currentValue().toInt(), 100);
 }
 
+TEST_F(Accessibility, textThatNamesAControlIsRelatedToIt) {
+    enter(State::LicenseOnInstall);
+    const std::pair<const char*, QObject*> named[] = {
+        {"installLabel", find("installProgress")},
+        {"licenseAgreementLabel", find("licenseText")->findChild<QTextEdit*>()}};
+    for (const auto& [label, control] : named) {
+        const auto relations = described(label).relations(QAccessible::Labelled);
+        ASSERT_EQ(relations.size(), 1) << label;
+        EXPECT_EQ(relations.first().first->object(), control) << label;
+        EXPECT_TRUE(described(label).relations(QAccessible::Controlled).isEmpty()) << label;
+    }
+    EXPECT_TRUE(described("licenseLabel").relations(QAccessible::Labelled).isEmpty());
+}
+
 TEST_F(Accessibility, licenseTextIsNamedByItsHeading) {
     enter(State::LicenseOnStart);
     auto* edit = find("licenseText")->findChild<QTextEdit*>();
     EXPECT_EQ(described(edit).text(QAccessible::Name).toStdString(),
               translation("License Agreement"));
+    EXPECT_EQ(described("licenseText").text(QAccessible::Name), "");
     EXPECT_EQ(described(edit).role(), QAccessible::EditableText);
     EXPECT_TRUE(described(edit).state().readOnly);
     expect("backButton", QAccessible::Button, translation("Go back"));

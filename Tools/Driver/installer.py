@@ -156,9 +156,9 @@ class Installer:
                    time.monotonic() > seen.setdefault(self.progress(), time.monotonic()) + 2)
 
     def focused(self):
-        """The name of the control that takes the keys, or nothing."""
+        """The name of the control that takes the keys, or nothing. What holds it, or is held by it, has no name."""
         for control in self.controls():
-            if control.getState().contains(pyatspi.STATE_FOCUSED):
+            if control.name and control.getState().contains(pyatspi.STATE_FOCUSED):
                 return control.name
         return None
 

@@ -9,6 +9,8 @@
 namespace Vexora {
 namespace {
 
+using Relations = QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>;
+
 /// A label, or a button that opens an address.
 class LinkAccessible : public QAccessibleWidget {
 public:
@@ -21,6 +23,17 @@ public:
     QString text(QAccessible::Text kind) const override {
         return label() != nullptr && kind == QAccessible::Name ? label()->text()
                                                                : QAccessibleWidget::text(kind);
+    }
+
+    Relations relations(QAccessible::Relation wanted) const override {
+        Relations found = QAccessibleWidget::relations(wanted);
+        if (label() != nullptr && label()->buddy() != nullptr &&
+            wanted.testFlag(QAccessible::Labelled)) {
+            // A text that names what has the focus is not read for itself as well.
+            found.append(
+                {QAccessible::queryAccessibleInterface(label()->buddy()), QAccessible::Labelled});
+        }
+        return found;
     }
 
     QStringList actionNames() const override {
@@ -48,7 +61,7 @@ private:
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     if (auto* window = qobject_cast<QtWindow*>(object)) {
-        return new QAccessibleWidget(window, QAccessible::Window);
+        return new QAccessibleWidget(window, QAccessible::Dialog);
     }
     auto* widget = qobject_cast<QWidget*>(object);
     const bool helps =

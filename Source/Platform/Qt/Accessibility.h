@@ -3,8 +3,8 @@
 
 namespace Vexora {
 
-/// Makes the window known as one, labels as texts or links, and the help button as a link; once per
-/// process.
+/// Makes the window known as a dialog, whose loose texts are read when it opens, labels as texts or
+/// links, and the help button as a link; once per process.
 void installAccessibility();
 
 } // namespace Vexora

@@ -130,6 +130,8 @@ void TextLabel::setStyledText(const StyledText& text) {
         while (named->focusProxy() != nullptr) {
             named = named->focusProxy();
         }
+        // What only holds it has no name of its own.
+        setBuddy(named);
         named->setAccessibleName(QLabel::text());
     }
     updateGeometry();

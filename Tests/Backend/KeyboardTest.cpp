@@ -121,6 +121,13 @@ TEST_F(Keyboard, focusIsOnTheLogLinkWhenTheFailureAppears) {
     EXPECT_EQ(calls.count("selectFile " + logFile()), 2U);
 }
 
+TEST_F(Keyboard, focusIsOnTheBarWhileItMoves) {
+    enter(State::Install);
+    EXPECT_EQ(focused(), "installProgress");
+    press(Key::Tab);
+    EXPECT_EQ(focused(), "closeButton");
+}
+
 TEST_F(Keyboard, escapeOutsideTheLicenseDoesNothing) {
     openWindow();
     press(Key::Escape);

@@ -8,6 +8,22 @@
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/AppKit/Views.h"
 
+/// A bar that may have the focus, so that it is spoken, but not by the Tab key.
+@interface VexoraBar : NSProgressIndicator
+@end
+
+@implementation VexoraBar
+
+- (BOOL)acceptsFirstResponder {
+    return [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
+}
+
+- (BOOL)canBecomeKeyView {
+    return NO;
+}
+
+@end
+
 namespace Vexora {
 namespace {
 
@@ -104,8 +120,7 @@ Strong<NSView> makePicture(NSDictionary* control, const std::string& folder) {
 }
 
 Strong<NSView> makeBar(NSDictionary* control) {
-    return adopt<NSProgressIndicator>([[NSProgressIndicator alloc] initWithFrame:frameOf(control)])
-        .get();
+    return adopt<VexoraBar>([[VexoraBar alloc] initWithFrame:frameOf(control)]).get();
 }
 
 Strong<NSView> makeScrollView(NSDictionary* control) {

@@ -128,6 +128,28 @@ TEST_F(Keyboard, focusIsOnTheBarWhileItMoves) {
     EXPECT_EQ(focused(), "closeButton");
 }
 
+TEST_P(PressingKey, onTheTextOfTheSuccessClosesOnceItIsPressedAnew) {
+    enter(State::Install);
+    hold(GetParam());
+    endInstall(0);
+    EXPECT_EQ(focused(), "installLabel");
+    hold(GetParam());
+    press(Key::Escape);
+    EXPECT_TRUE(application.exits.empty());
+    press(GetParam());
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_F(Keyboard, successUnderTheLicenseTakesTheFocusOnceItShows) {
+    enter(State::Install);
+    content->switchToLicenseView();
+    tabTo("backButton");
+    endInstall(0);
+    EXPECT_EQ(focused(), "backButton");
+    leaveLicense();
+    EXPECT_EQ(focused(), "installLabel");
+}
+
 TEST_F(Keyboard, escapeOutsideTheLicenseDoesNothing) {
     openWindow();
     press(Key::Escape);

@@ -109,6 +109,16 @@ class KeyboardTest(DesktopTestCase):
         installer.key("Next")
         wait_until("the agreement scrolls", lambda: bar.currentValue > 0)
 
+    def test_return_on_the_text_of_the_success_closes(self):
+        installer = self.started(HELD)
+        self.wait_focus(installer, "Installing <b>Ondrel Vexora Lumiq</b>...")
+        installer.stage.mark("go").touch()
+        # The bar takes over the name of the text.
+        wait_until("the success", lambda: installer.shows("label", "Installation completed!"))
+        self.wait_focus(installer, "Installation completed!")
+        self.assert_ends_well(installer, lambda: installer.key("Return"))
+        wait_until("unmount", installer.stage.mark("unmounted").exists)
+
     def test_space_on_close_ends_the_program(self):
         installer = self.started("exit 0")
         installer.find("label", "Installation completed!")

@@ -182,16 +182,18 @@ NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, const std::strin
         [named setObject:view.get() forKey:text(control, @"name")];
     }
     for (NSDictionary* control : controls) {
-        NSString* const buddy = text(control, @"buddy");
         VexoraTextLabel* const label =
             as<VexoraTextLabel>([named objectForKey:text(control, @"name")]);
-        if (buddy != nil && label != nil) {
-            label->buddy = as<NSView>([named objectForKey:buddy]);
+        if (label != nil) {
+            NSString* const buddy = text(control, @"buddy");
+            label->buddy = buddy == nil ? nil : as<NSView>([named objectForKey:buddy]);
+            label->dismissedBy = text(control, @"dismissedBy");
         }
     }
     pane->opaquePane = number(definition, @"opaque") != 0;
     pane->contentArea = as<NSView>([named objectForKey:text(definition, @"contentArea")]);
     pane->initialFocus = as<NSView>([named objectForKey:text(definition, @"initialFocus")]);
+    pane->controls = named;
     return named;
 }
 

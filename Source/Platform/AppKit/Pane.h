@@ -15,6 +15,8 @@
     Vexora::Strong<NSView> contentArea;
     /// The control that takes the keys when the pane appears; null for none.
     Vexora::Strong<NSView> initialFocus;
+    /// The controls of the definition by their names.
+    Vexora::Strong<NSDictionary> controls;
 
 @private
     NSUserInterfaceLayoutDirection direction;
@@ -31,5 +33,11 @@
 /// Gives the keys to the control that has the initial focus of the pane's definition, or of one of
 /// the panes that it holds.
 - (void)takeInitialFocus;
+
+/// The control of that name in this pane or one that it holds; null for none.
+- (NSView*)controlNamed:(NSString*)name;
+
+/// Gives the keys to a control of any screen, or, while it is covered, once it shows again.
+- (void)giveFocus:(NSView*)control;
 
 @end

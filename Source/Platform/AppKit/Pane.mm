@@ -70,6 +70,23 @@
     }
 }
 
+- (NSView*)controlNamed:(NSString*)name {
+    NSView* found = [controls.get() objectForKey:name];
+    for (NSUInteger index = 0; found == nil && index < [[self subviews] count]; ++index) {
+        VexoraPane* const pane = Vexora::as<VexoraPane>([[self subviews] objectAtIndex:index]);
+        found = [pane controlNamed:name];
+    }
+    return found;
+}
+
+- (void)giveFocus:(NSView*)control {
+    if ([control isHiddenOrHasHiddenAncestor]) {
+        focusBeforeCover = control;
+    } else {
+        [[self window] makeFirstResponder:control];
+    }
+}
+
 - (NSUserInterfaceLayoutDirection)userInterfaceLayoutDirection {
     return direction;
 }

@@ -45,6 +45,13 @@
     [self setKeyEquivalent:isDefault ? @"\r" : @""];
 }
 
+- (void)keyDown:(NSEvent*)event {
+    // What a key pressed that is held down was another control.
+    if (![event isARepeat]) {
+        [super keyDown:event];
+    }
+}
+
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
     // A covered button is no less the default one, and a key held down has been pressed before.
     if ([self isHiddenOrHasHiddenAncestor] || [event isARepeat]) {

@@ -12,11 +12,15 @@
     Vexora::Strong<NSFont> plainFont;
     /// The control that this label's text names to assistive tools; null for none.
     Vexora::Strong<NSView> buddy;
+    /// Texts that are set in the window are news. The name of the button that Return and Space then
+    /// press, while the label has the focus; null for none.
+    Vexora::Strong<NSString> dismissedBy;
 
 @private
     Vexora::Strong<NSAttributedString> styledText;
     Vexora::Strong<VexoraHandler> clickHandler;
     NSUserInterfaceLayoutDirection direction;
+    BOOL hasNews;
 }
 
 /// Sets lines around the middle of the label instead of from its top.

@@ -2,6 +2,7 @@
 
 #include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
+#include "Platform/AppKit/Pane.h"
 #include "Platform/Palette.h"
 
 #include <cmath>
@@ -46,6 +47,11 @@ static const CGFloat cellPadding = 2.0;
     return [Vexora::as<VexoraTextLabel>([self controlView]) accessibilityPerformPress];
 }
 
+@end
+
+@interface VexoraTextLabel ()
+- (NSView*)controlNamed:(NSString*)name;
+- (void)tellNews;
 @end
 
 @implementation VexoraTextLabel
@@ -96,6 +102,21 @@ static const CGFloat cellPadding = 2.0;
     [self setAttributedStringValue:shown];
     Vexora::setAccessibleName(self, [text string]);
     Vexora::setAccessibleName(buddy, [text string]);
+    if ([self window] != nil && ![self isHidden]) {
+        [self tellNews];
+    }
+}
+
+- (NSView*)controlNamed:(NSString*)name {
+    return [Vexora::as<VexoraPane>([[self window] contentView]) controlNamed:name];
+}
+
+- (void)tellNews {
+    VexoraPane* const root = Vexora::as<VexoraPane>([[self superview] superview]);
+    if (dismissedBy.get() != nil) {
+        hasNews = YES;
+        [root giveFocus:self];
+    }
 }
 
 - (void)setUserInterfaceLayoutDirection:(NSUserInterfaceLayoutDirection)newDirection {
@@ -158,7 +179,7 @@ static const CGFloat cellPadding = 2.0;
 - (BOOL)canBecomeKeyView {
     const BOOL everything = ![NSApp respondsToSelector:@selector(isFullKeyboardAccessEnabled)] ||
                             [NSApp isFullKeyboardAccessEnabled];
-    return everything && [super canBecomeKeyView];
+    return [self isClickable] && everything && [super canBecomeKeyView];
 }
 
 - (void)resetCursorRects {
@@ -171,19 +192,26 @@ static const CGFloat cellPadding = 2.0;
 
 - (BOOL)acceptsFirstResponder {
     // A click leaves the focus where it is.
-    return [self isClickable] && [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
+    return ([self isClickable] || hasNews) &&
+           [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
 }
 
 - (BOOL)isPressedBy:(NSEvent*)event {
     NSString* const keys = [event charactersIgnoringModifiers];
-    return [self isClickable] && ([keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
-                                  [keys isEqualToString:@" "]);
+    return ([self isClickable] || hasNews) &&
+           ([keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
+            [keys isEqualToString:@" "]);
 }
 
 - (void)keyDown:(NSEvent*)event {
     if (![self isPressedBy:event]) {
         [super keyDown:event];
-    } else if (![event isARepeat]) {
+    } else if ([event isARepeat]) {
+        // A key that is held down presses once, and what it pressed was another control.
+        return;
+    } else if (hasNews) {
+        [Vexora::as<NSButton>([self controlNamed:dismissedBy]) performClick:self];
+    } else {
         [self click];
     }
 }

@@ -32,6 +32,14 @@ void Pane::addPane(Pane* pane, Ordering ordering) {
     }
 }
 
+void Pane::giveFocus(QWidget* control) {
+    if (control->isVisible()) {
+        control->setFocus(Qt::OtherFocusReason);
+    } else {
+        focusBeforeCover_ = control;
+    }
+}
+
 void Pane::removePane(Pane* pane) {
     const bool hasCovered = pane->isOpaque() && panes_.last() == pane;
     panes_.removeAll(pane);

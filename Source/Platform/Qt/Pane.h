@@ -28,6 +28,9 @@ public:
     /// Gives a pane back; it then belongs to the caller.
     void removePane(Pane* pane);
 
+    /// Gives the keys to a control of any screen, or, while it is covered, once it shows again.
+    void giveFocus(QWidget* control);
+
     QSize minimumSizeHint() const override;
     int heightForWidth(int width) const override;
 

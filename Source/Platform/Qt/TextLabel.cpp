@@ -3,11 +3,13 @@
 #include "Platform/LineBreaking.h"
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Palette.h"
+#include "Platform/Qt/Pane.h"
 #include "Platform/Qt/PaperStyle.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 
 #include <algorithm>
@@ -136,6 +138,20 @@ void TextLabel::setStyledText(const StyledText& text) {
     }
     updateGeometry();
     update();
+    tellNews();
+}
+
+void TextLabel::tellNews() {
+    auto* root =
+        qobject_cast<Pane*>(parentWidget() == nullptr ? nullptr : parentWidget()->parentWidget());
+    if (root != nullptr && namedBy("dismissedBy") != nullptr && !isHidden()) {
+        root->giveFocus(this);
+    }
+}
+
+QWidget* TextLabel::namedBy(const char* property) const {
+    const QString name = this->property(property).toString();
+    return name.isEmpty() ? nullptr : window()->findChild<QWidget*>(name);
 }
 
 Qt::Alignment TextLabel::lineAlignment() const {
@@ -288,9 +304,15 @@ void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
 void TextLabel::keyPressEvent(QKeyEvent* event) {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                          event->key() == Qt::Key_Space;
-    if (!isClickable() || !presses) {
+    auto* dismissing = qobject_cast<QPushButton*>(namedBy("dismissedBy"));
+    if (!presses || (!isClickable() && dismissing == nullptr)) {
         QLabel::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
+    } else if (event->isAutoRepeat()) {
+        // A key that is held down presses once, and what it pressed was another control.
+        return;
+    } else if (dismissing != nullptr) {
+        dismissing->click();
+    } else {
         click();
     }
 }

@@ -22,7 +22,9 @@ public:
 
     explicit TextLabel(QWidget* parent = nullptr);
 
-    /// Shows a text. It also becomes the accessible name of the label's buddy.
+    /// Shows a text. It also becomes the accessible name of the label's buddy. One that is set in the
+    /// window is news: by the definition's property `dismissedBy` the label takes the focus, and Return
+    /// and Space press the button so named.
     void setStyledText(const StyledText& text);
 
     /// The formats in force, with positions in text().
@@ -50,6 +52,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// The control that a property of the definition names; null for none, or while it is elsewhere.
+    QWidget* namedBy(const char* property) const;
+
+    void tellNews();
+
     /// Hands the text, its formats and its options to a layout.
     void prepare(QTextLayout& layout) const;
 

@@ -90,6 +90,7 @@ TEST_F(MacCalls, mouseLeavesLinksToTheirRecognizers) {
 
 TEST_F(MacCalls, keysPressLinksWithoutTheirRecognizers) {
     enter(State::Failure);
+    tabTo("logLabel");
     press(Key::Return);
     EXPECT_EQ(calls.count("selectFile " + logFile()), 1U);
 }
@@ -130,6 +131,15 @@ TEST_F(MacCalls, helpIsALinkNamedAfterItsAddress) {
     EXPECT_EQ(labelOf("troubleshootButton"), TROUBLESHOOTING_URL);
     EXPECT_EQ(roleOf("troubleshootButton"), "AXLink");
     EXPECT_EQ(Vexora::toUtf8([find("troubleshootButton") toolTip]), TROUBLESHOOTING_URL);
+}
+
+TEST_F(MacCalls, failureDescribesClose) {
+    const std::string title = translation("Installation failed");
+    enter(State::Failure);
+    const std::string whole = title + ": " + translation("Failed to extract Ondrel Vexora Lumiq.");
+    EXPECT_EQ(macCalls().descriptions[find("closeButton")], whole);
+    content->failView()->updateFailViewStatus(3);
+    EXPECT_EQ(macCalls().descriptions[find("closeButton")], title);
 }
 
 TEST_F(MacCalls, picturesSayNothing) {

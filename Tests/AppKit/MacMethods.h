@@ -25,6 +25,7 @@ struct RecordedCalls {
     std::vector<std::pair<NSView*, Vexora::Strong<NSLayoutConstraint>>> constraints;
     std::vector<Recognizer> recognizers;
     std::map<NSView*, std::string> labels;
+    std::map<NSView*, std::string> descriptions;
     std::map<NSView*, std::string> roles;
     std::map<NSView*, bool> elements;
     std::map<NSWindow*, std::string> appearances;

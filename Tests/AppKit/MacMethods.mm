@@ -35,6 +35,10 @@ std::map<id, std::string> sources;
     AppKitTest::macCalls().labels[self] = Vexora::toUtf8(label);
 }
 
+- (void)setAccessibilityHelp:(NSString*)help {
+    AppKitTest::macCalls().descriptions[self] = Vexora::toUtf8(help);
+}
+
 - (void)setAccessibilityRole:(NSString*)role {
     AppKitTest::macCalls().roles[self] = Vexora::toUtf8(role);
 }

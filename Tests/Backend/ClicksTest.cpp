@@ -139,7 +139,7 @@ TEST_F(Clicks, leaveTheFocusWhereItIs) {
 
 TEST_F(Clicks, onAButtonLeaveTheFocusWhereItIs) {
     enter(State::Failure);
-    ASSERT_EQ(focused(), "logLabel");
+    tabTo("logLabel");
     click("troubleshootButton");
     EXPECT_EQ(focused(), "logLabel");
     click("closeButton");

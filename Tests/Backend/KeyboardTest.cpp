@@ -113,9 +113,9 @@ TEST_F(Keyboard, spacePressesTheFocusedButton) {
     EXPECT_EQ(application.exits, std::vector<int>{0});
 }
 
-TEST_F(Keyboard, focusIsOnTheLogLinkWhenTheFailureAppears) {
+TEST_F(Keyboard, keysOnTheLogLinkRevealTheLog) {
     enter(State::Failure);
-    EXPECT_EQ(focused(), "logLabel");
+    tabTo("logLabel");
     press(Key::Return);
     press(Key::Space);
     EXPECT_EQ(calls.count("selectFile " + logFile()), 2U);
@@ -128,6 +128,20 @@ TEST_F(Keyboard, focusIsOnTheBarWhileItMoves) {
     EXPECT_EQ(focused(), "closeButton");
 }
 
+TEST_F(Keyboard, focusIsOnCloseWhateverTheFailure) {
+    enter(State::Install);
+    for (const int status : {3, 5, 30}) {
+        SCOPED_TRACE(status);
+        if (status == 3) {
+            endInstall(status);
+        } else {
+            tabTo("troubleshootButton");
+            content->failView()->updateFailViewStatus(status);
+        }
+        EXPECT_EQ(focused(), "closeButton");
+    }
+}
+
 TEST_P(PressingKey, onTheTextOfTheSuccessClosesOnceItIsPressedAnew) {
     enter(State::Install);
     hold(GetParam());
@@ -138,6 +152,14 @@ TEST_P(PressingKey, onTheTextOfTheSuccessClosesOnceItIsPressedAnew) {
     EXPECT_TRUE(application.exits.empty());
     press(GetParam());
     EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
+TEST_P(PressingKey, heldSinceBeforeTheFailureDoesNotClose) {
+    enter(State::Install);
+    hold(GetParam());
+    endInstall(30);
+    hold(GetParam());
+    EXPECT_TRUE(application.exits.empty());
 }
 
 TEST_F(Keyboard, successUnderTheLicenseTakesTheFocusOnceItShows) {

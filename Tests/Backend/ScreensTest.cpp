@@ -211,7 +211,7 @@ TEST_F(States, aFailureShowsOverAnOpenLicense) {
     expectShown(
         {"lumiqLogo", "failLabel", "closeIcon", "logLabel", "troubleshootButton", "closeButton"},
         true);
-    EXPECT_EQ(focused(), "logLabel");
+    EXPECT_EQ(focused(), "closeButton");
     press(Key::Escape);
     expectShown({"logLabel"}, true);
     click("logLabel");

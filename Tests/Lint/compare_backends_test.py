@@ -61,9 +61,9 @@ class CompareBackendsTest(unittest.TestCase):
         self.assert_found("StartViewController: startLabel", "NSButton")
 
     def test_another_initial_focus(self):
-        self.change("Resources/Interface/FailViewController.json", '"initialFocus": "logLabel"',
-                    '"initialFocus": "failLabel"')
-        self.assert_found("FailViewController: the screen")
+        self.change("Resources/Interface/StartViewController.json", '"initialFocus": "startButton"',
+                    '"initialFocus": "startLabel"')
+        self.assert_found("StartViewController: the screen")
 
     def test_a_screen_without_its_second_definition(self):
         (self.root / "Resources/Interface/ViewController.json").unlink()

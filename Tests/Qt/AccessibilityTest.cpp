@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QAccessibleValueInterface>
+#include <QApplication>
 #include <QTextEdit>
 
 namespace QtTest {
@@ -66,6 +67,37 @@ TEST_F(Accessibility, focusActionOfTheNoticeFocusesIt) {
 TEST_F(Accessibility, windowIsADialog) {
     openWindow();
     EXPECT_EQ(described(&frontEnd.window()).role(), QAccessible::Dialog);
+}
+
+TEST_F(Accessibility, closeIsDescribedByTitleAndMessage) {
+    const auto description = [this] {
+        return described("closeButton").text(QAccessible::Description).toStdString();
+    };
+    enter(State::Failure);
+    const std::string title = translation("Installation failed");
+    EXPECT_EQ(description(), title + ": " + translation("Failed to extract Ondrel Vexora Lumiq."));
+    content->failView()->updateFailViewStatus(3);
+    EXPECT_EQ(description(), title);
+}
+
+TEST_F(Accessibility, closeIsDescribedByTheNoticeAlone) {
+    enter(State::Notice);
+    EXPECT_EQ(described("closeButton").text(QAccessible::Description).toStdString(),
+              translation("Ondrel Vexora Lumiq is already up to date."));
+}
+
+TEST_F(Accessibility, closeIsDescribedBeforeItTakesTheFocusOnce) {
+    enter(State::Install);
+    QStringList told;
+    const auto watching =
+        QObject::connect(qApp, &QApplication::focusChanged, [&](QWidget*, QWidget* focus) {
+            if (nameOf(focus) == "closeButton") {
+                told.append(focus->accessibleDescription());
+            }
+        });
+    endInstall(3);
+    QObject::disconnect(watching);
+    EXPECT_EQ(told.join('|').toStdString(), translation("Installation failed"));
 }
 
 TEST_F(Accessibility, plainTextHasNoPressAction) {

@@ -33,11 +33,11 @@ TEST_F(Window, leavesWithAnyOtherWindow) {
 }
 
 TEST_F(Window, focusesTheScreenBelowTheLicenseWhereNothingHadTheFocus) {
-    enter(State::Failure);
-    find("logLabel")->clearFocus();
+    enter(State::Install);
+    find("installProgress")->clearFocus();
     content->switchToLicenseView();
     content->licenseView()->backAction();
-    EXPECT_TRUE(FrontEnd::waitFor([this] { return focused() == "logLabel"; }));
+    EXPECT_TRUE(FrontEnd::waitFor([this] { return focused() == "installProgress"; }));
 }
 
 TEST_F(Window, comesInFrontOfTheOthers) {

@@ -9,6 +9,7 @@ namespace Vexora {
 /// \param view may be null.
 void setAccessibleName(NSView* view, NSString* name);
 void setAccessibleRole(NSView* view, NSString* role);
+void setAccessibleDescription(NSView* view, NSString* description);
 
 /// For what only decorates.
 void hideFromAssistiveTools(NSView* view);

@@ -30,6 +30,12 @@ void setAccessibleRole(NSView* view, NSString* role) {
     }
 }
 
+void setAccessibleDescription(NSView* view, NSString* description) {
+    for (id element : elementsOf(view, @selector(setAccessibilityHelp:))) {
+        [element setAccessibilityHelp:description];
+    }
+}
+
 void hideFromAssistiveTools(NSView* view) {
     for (id element : elementsOf(view, @selector(setAccessibilityElement:))) {
         [element setAccessibilityElement:NO];

@@ -23,6 +23,7 @@
 - (void)addGestureRecognizer:(NSGestureRecognizer*)recognizer;
 - (void)addConstraint:(NSLayoutConstraint*)constraint;
 - (void)setAccessibilityLabel:(NSString*)label;
+- (void)setAccessibilityHelp:(NSString*)help;
 - (void)setAccessibilityRole:(NSString*)role;
 - (void)setAccessibilityElement:(BOOL)element;
 @end

@@ -187,6 +187,7 @@ NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, const std::strin
         if (label != nil) {
             NSString* const buddy = text(control, @"buddy");
             label->buddy = buddy == nil ? nil : as<NSView>([named objectForKey:buddy]);
+            label->describes = text(control, @"describes");
             label->dismissedBy = text(control, @"dismissedBy");
         }
     }

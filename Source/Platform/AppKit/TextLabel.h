@@ -12,9 +12,15 @@
     Vexora::Strong<NSFont> plainFont;
     /// The control that this label's text names to assistive tools; null for none.
     Vexora::Strong<NSView> buddy;
-    /// Texts that are set in the window are news. The name of the button that Return and Space then
-    /// press, while the label has the focus; null for none.
+    /// Texts that are set in the window are news. The name of the button that then takes
+    /// the focus, described by the words of all labels beside this one that do so and show; null for
+    /// none.
+    Vexora::Strong<NSString> describes;
+    /// The name of the button that Return and Space then press, while the label has the focus; null for
+    /// none.
     Vexora::Strong<NSString> dismissedBy;
+    /// The text without a link at its end.
+    Vexora::Strong<NSString> spokenWords;
 
 @private
     Vexora::Strong<NSAttributedString> styledText;

@@ -52,6 +52,7 @@ static const CGFloat cellPadding = 2.0;
 @interface VexoraTextLabel ()
 - (NSView*)controlNamed:(NSString*)name;
 - (void)tellNews;
+- (NSString*)descriptionOfAll;
 @end
 
 @implementation VexoraTextLabel
@@ -116,7 +117,25 @@ static const CGFloat cellPadding = 2.0;
     if (dismissedBy.get() != nil) {
         hasNews = YES;
         [root giveFocus:self];
+    } else if (describes.get() != nil) {
+        NSView* const described = [self controlNamed:describes];
+        Vexora::setAccessibleDescription(described, [self descriptionOfAll]);
+        [root giveFocus:described];
     }
+}
+
+- (NSString*)descriptionOfAll {
+    NSMutableArray* const texts = [NSMutableArray array];
+    for (NSUInteger index = 0; index < [[[self superview] subviews] count]; ++index) {
+        VexoraTextLabel* const label =
+            Vexora::as<VexoraTextLabel>([[[self superview] subviews] objectAtIndex:index]);
+        if (label != nil && ![label isHidden] &&
+            [label->describes.get() isEqualToString:describes] &&
+            [label->spokenWords.get() length] > 0) {
+            [texts addObject:label->spokenWords.get()];
+        }
+    }
+    return [texts componentsJoinedByString:@": "];
 }
 
 - (void)setUserInterfaceLayoutDirection:(NSUserInterfaceLayoutDirection)newDirection {

@@ -6,6 +6,7 @@
 #include "Platform/AppKit/PushButton.h"
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/Palette.h"
+#include "Platform/Words.h"
 
 namespace Vexora {
 namespace {
@@ -71,6 +72,7 @@ VexoraTextLabel* AppKitTextField::label() const {
 }
 
 void AppKitTextField::applyText() {
+    label()->spokenWords = toNSString(wordsBesideLinks(attributedStringValue()));
     [label() setStyledText:toAttributedText(attributedStringValue(), label()->plainFont,
                                             toNSColor(inkColor))];
 }

@@ -27,8 +27,9 @@ void Pane::addPane(Pane* pane, Ordering ordering) {
     arrange();
     if (!covered) {
         pane->show();
-        QWidget* focus = pane->initialFocus();
-        (focus != nullptr ? focus : pane)->setFocus(Qt::OtherFocusReason);
+        if (QWidget* focus = pane->initialFocus()) {
+            focus->setFocus(Qt::OtherFocusReason);
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 #include "Platform/Qt/Palette.h"
 #include "Platform/Qt/Pane.h"
 #include "Platform/Qt/PaperStyle.h"
+#include "Platform/Words.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -144,14 +145,33 @@ void TextLabel::setStyledText(const StyledText& text) {
 void TextLabel::tellNews() {
     auto* root =
         qobject_cast<Pane*>(parentWidget() == nullptr ? nullptr : parentWidget()->parentWidget());
-    if (root != nullptr && namedBy("dismissedBy") != nullptr && !isHidden()) {
-        root->giveFocus(this);
+    QWidget* described = namedBy("describes");
+    QWidget* spoken = namedBy("dismissedBy") != nullptr ? this : described;
+    if (root == nullptr || spoken == nullptr || isHidden()) {
+        return;
     }
+    if (described != nullptr) {
+        // Before the focus: a change of what has the focus is spoken as well.
+        described->setAccessibleDescription(description());
+    }
+    root->giveFocus(spoken);
 }
 
 QWidget* TextLabel::namedBy(const char* property) const {
     const QString name = this->property(property).toString();
     return name.isEmpty() ? nullptr : window()->findChild<QWidget*>(name);
+}
+
+QString TextLabel::description() const {
+    QStringList texts;
+    const auto labels = parentWidget()->findChildren<TextLabel*>(Qt::FindDirectChildrenOnly);
+    for (const TextLabel* label : labels) {
+        const std::string words = wordsBesideLinks(label->styledText_);
+        if (!label->isHidden() && label->namedBy("describes") != nullptr && !words.empty()) {
+            texts.append(toQString(words));
+        }
+    }
+    return texts.join(": ");
 }
 
 Qt::Alignment TextLabel::lineAlignment() const {

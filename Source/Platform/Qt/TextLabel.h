@@ -22,9 +22,10 @@ public:
 
     explicit TextLabel(QWidget* parent = nullptr);
 
-    /// Shows a text. It also becomes the accessible name of the label's buddy. One that is set in the
-    /// window is news: by the definition's property `dismissedBy` the label takes the focus, and Return
-    /// and Space press the button so named.
+    /// Shows a text. It also becomes the accessible name of the label's buddy. Texts that are set in
+    /// the window are news: by the definition's property `dismissedBy` the label takes the focus, and
+    /// Return and Space press the button so named; by `describes` the button so named takes the focus,
+    /// described by the words, without a link, of all labels beside this one that do so and show.
     void setStyledText(const StyledText& text);
 
     /// The formats in force, with positions in text().
@@ -56,6 +57,7 @@ private:
     QWidget* namedBy(const char* property) const;
 
     void tellNews();
+    QString description() const;
 
     /// Hands the text, its formats and its options to a layout.
     void prepare(QTextLayout& layout) const;

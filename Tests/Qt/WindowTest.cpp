@@ -139,6 +139,21 @@ TEST_F(Window, showsTheFocusRingForTheKeyboardAlone) {
     EXPECT_NE(notice(), plain);
 }
 
+TEST_F(Window, showsTheRingOfCloseAfterAKeyAlone) {
+    openWindow();
+    press(Key::Return);
+    endInstall(30);
+    ASSERT_EQ(focused(), "closeButton");
+    const auto close = [this] { return find("closeButton")->grab().toImage(); };
+    const QImage ringed = close();
+    click("logLabel");
+    EXPECT_EQ(focused(), "closeButton");
+    const QImage plain = close();
+    EXPECT_NE(plain, ringed);
+    press(Key::Escape);
+    EXPECT_EQ(close(), ringed);
+}
+
 TEST_F(Window, hasNoShortcutForAnAmpersandInATitle) {
     openWindow();
     content->startView()->startButton()->setTitle("Fish & Chips");

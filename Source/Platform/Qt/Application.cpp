@@ -173,6 +173,13 @@ void QtApplication::exit(int status) {
 }
 
 bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+        // Whatever has the focus shows it to those who use the keyboard.
+        mainWindow_.setAttribute(Qt::WA_KeyboardFocusChange, event->type() == QEvent::KeyPress);
+        if (QWidget* focus = mainWindow_.focusWidget()) {
+            focus->update();
+        }
+    }
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat() &&
         qobject_cast<QPushButton*>(watched) != nullptr) {
         // A key that is held down presses a button once.

@@ -11,6 +11,7 @@ namespace AppKitTest {
 
 using BackendTest::FrontEnd;
 using BackendTest::Key;
+using BackendTest::Names;
 using BackendTest::State;
 using Vexora::as;
 
@@ -133,13 +134,29 @@ TEST_F(MacCalls, helpIsALinkNamedAfterItsAddress) {
     EXPECT_EQ(Vexora::toUtf8([find("troubleshootButton") toolTip]), TROUBLESHOOTING_URL);
 }
 
-TEST_F(MacCalls, failureDescribesClose) {
+TEST_F(MacCalls, successIsAnnounced) {
+    enter(State::Install);
+    EXPECT_EQ(macCalls().announcements, Names{});
+    content->switchToLicenseView();
+    endInstall(0);
+    EXPECT_EQ(macCalls().announcements, Names{translation("Installation completed!")});
+}
+
+TEST_F(MacCalls, failureIsAnnouncedAndDescribesClose) {
     const std::string title = translation("Installation failed");
     enter(State::Failure);
     const std::string whole = title + ": " + translation("Failed to extract Ondrel Vexora Lumiq.");
     EXPECT_EQ(macCalls().descriptions[find("closeButton")], whole);
     content->failView()->updateFailViewStatus(3);
     EXPECT_EQ(macCalls().descriptions[find("closeButton")], title);
+    content->installView()->switchToSuccessView();
+    EXPECT_EQ(macCalls().announcements, (Names{whole, title}));
+}
+
+TEST_F(MacCalls, noticeIsAnnouncedWithoutATitle) {
+    enter(State::Notice);
+    EXPECT_EQ(macCalls().announcements,
+              Names{translation("Ondrel Vexora Lumiq is already up to date.")});
 }
 
 TEST_F(MacCalls, picturesSayNothing) {

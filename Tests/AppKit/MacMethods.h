@@ -26,6 +26,7 @@ struct RecordedCalls {
     std::vector<Recognizer> recognizers;
     std::map<NSView*, std::string> labels;
     std::map<NSView*, std::string> descriptions;
+    std::vector<std::string> announcements;
     std::map<NSView*, std::string> roles;
     std::map<NSView*, bool> elements;
     std::map<NSWindow*, std::string> appearances;

@@ -98,6 +98,18 @@ std::map<id, std::string> sources;
 
 @end
 
+/// Takes the place of the toolkit's own, which does nothing.
+void NSAccessibilityPostNotificationWithUserInfo(id element, NSString* notification,
+                                                 NSDictionary* userInfo) {
+    if (element == NSApp &&
+        [notification isEqualToString:NSAccessibilityAnnouncementRequestedNotification] &&
+        [[userInfo objectForKey:NSAccessibilityPriorityKey] integerValue] ==
+            NSAccessibilityPriorityHigh) {
+        AppKitTest::macCalls().announcements.push_back(
+            Vexora::toUtf8([userInfo objectForKey:NSAccessibilityAnnouncementKey]));
+    }
+}
+
 namespace AppKitTest {
 
 RecordedCalls& macCalls() {

@@ -11,6 +11,9 @@ void setAccessibleName(NSView* view, NSString* name);
 void setAccessibleRole(NSView* view, NSString* role);
 void setAccessibleDescription(NSView* view, NSString* description);
 
+/// Has a text spoken at once.
+void announce(NSString* text);
+
 /// For what only decorates.
 void hideFromAssistiveTools(NSView* view);
 

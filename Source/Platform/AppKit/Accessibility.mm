@@ -36,6 +36,15 @@ void setAccessibleDescription(NSView* view, NSString* description) {
     }
 }
 
+void announce(NSString* text) {
+    NSDictionary* const announcement = [NSDictionary
+        dictionaryWithObjectsAndKeys:text, NSAccessibilityAnnouncementKey,
+                                     [NSNumber numberWithInteger:NSAccessibilityPriorityHigh],
+                                     NSAccessibilityPriorityKey, nil];
+    NSAccessibilityPostNotificationWithUserInfo(
+        NSApp, NSAccessibilityAnnouncementRequestedNotification, announcement);
+}
+
 void hideFromAssistiveTools(NSView* view) {
     for (id element : elementsOf(view, @selector(setAccessibilityElement:))) {
         [element setAccessibilityElement:NO];

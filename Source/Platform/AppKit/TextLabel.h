@@ -12,7 +12,7 @@
     Vexora::Strong<NSFont> plainFont;
     /// The control that this label's text names to assistive tools; null for none.
     Vexora::Strong<NSView> buddy;
-    /// Texts that are set in the window are news. The name of the button that then takes
+    /// Texts that are set in the window are news, and announced. The name of the button that then takes
     /// the focus, described by the words of all labels beside this one that do so and show; null for
     /// none.
     Vexora::Strong<NSString> describes;

@@ -117,10 +117,13 @@ static const CGFloat cellPadding = 2.0;
     if (dismissedBy.get() != nil) {
         hasNews = YES;
         [root giveFocus:self];
+        Vexora::announce(spokenWords);
     } else if (describes.get() != nil) {
         NSView* const described = [self controlNamed:describes];
-        Vexora::setAccessibleDescription(described, [self descriptionOfAll]);
+        NSString* const description = [self descriptionOfAll];
+        Vexora::setAccessibleDescription(described, description);
         [root giveFocus:described];
+        Vexora::announce(description);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "Platform/Qt/PaperStyle.h"
 #include "Platform/Words.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -114,6 +115,16 @@ void chooseLines(QTextLayout& layout, qreal width) {
     setLines(layout, width, QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
+/// Has a text spoken that no focus tells of, because the window is not the active one or a control is
+/// covered; where the toolkit can.
+void announce([[maybe_unused]] QWidget& widget, [[maybe_unused]] const QString& text) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(&widget, text);
+    event.setPoliteness(QAccessible::AnnouncementPoliteness::Assertive);
+    QAccessible::updateAccessibility(&event);
+#endif
+}
+
 } // namespace
 
 TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
@@ -150,11 +161,16 @@ void TextLabel::tellNews() {
     if (root == nullptr || spoken == nullptr || isHidden()) {
         return;
     }
+    QString news = QLabel::text();
     if (described != nullptr) {
         // Before the focus: a change of what has the focus is spoken as well.
-        described->setAccessibleDescription(description());
+        news = description();
+        described->setAccessibleDescription(news);
     }
     root->giveFocus(spoken);
+    if (!spoken->hasFocus()) {
+        announce(*spoken, news);
+    }
 }
 
 QWidget* TextLabel::namedBy(const char* property) const {

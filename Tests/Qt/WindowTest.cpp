@@ -154,6 +154,18 @@ TEST_F(Window, showsTheRingOfCloseAfterAKeyAlone) {
     EXPECT_EQ(close(), ringed);
 }
 
+TEST_F(Window, doesNotCloseByASpaceHeldSinceBeforeTheFailure) {
+    enter(State::Install);
+    tabTo("closeButton");
+    QTest::keyPress(find("closeButton"), Qt::Key_Space);
+    endInstall(30);
+    ASSERT_EQ(focused(), "closeButton");
+    QTest::keyRelease(find("closeButton"), Qt::Key_Space);
+    EXPECT_TRUE(application.exits.empty());
+    press(Key::Space);
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
 TEST_F(Window, hasNoShortcutForAnAmpersandInATitle) {
     openWindow();
     content->startView()->startButton()->setTitle("Fish & Chips");

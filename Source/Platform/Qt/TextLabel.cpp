@@ -166,6 +166,10 @@ void TextLabel::tellNews() {
         // Before the focus: a change of what has the focus is spoken as well.
         news = description();
         described->setAccessibleDescription(news);
+        if (auto* button = qobject_cast<QPushButton*>(described)) {
+            // What holds it down was pressed before there was anything to read.
+            button->setDown(false);
+        }
     }
     root->giveFocus(spoken);
     if (!spoken->hasFocus()) {

@@ -204,6 +204,59 @@ TEST_P(MacDirection, ofEveryParagraphIsThatOfTheLanguage) {
     }
 }
 
+class MacLines : public FreshMacCalls, public BackendTest::EveryLanguage {
+protected:
+    /// What is not to be torn: the product's name, marked words and links, as far as a line holds it.
+    static Names keptTogether(VexoraTextLabel* label, double width) {
+        Names names{"Ondrel Vexora Lumiq"};
+        for (const BackendTest::Piece& run : FrontEnd::runs(label)) {
+            if (run.bold) {
+                names.push_back(run.text);
+            }
+        }
+        return names;
+    }
+
+    static double heightOf(NSAttributedString* text, double width) {
+        const NSSize room = NSMakeSize(width, 1.0e6);
+        return NSHeight([text boundingRectWithSize:room
+                                           options:NSStringDrawingUsesLineFragmentOrigin]);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(In, MacLines, BackendTest::languages, BackendTest::languageName);
+
+TEST_P(MacLines, tearNeitherNamesNorMarkedWordsNorLinksAndHoldNoLoneLetter) {
+    enter(State::Failure);
+    int lines = 0;
+    for (const char* name : {"licenseLabel", "installLabel", "failLabel", "logLabel"}) {
+        VexoraTextLabel* const label = as<VexoraTextLabel>(find(name));
+        for (const double width : {496.0, 380.0, 310.0, 260.0, 240.0}) {
+            [label setFrameSize:NSMakeSize(width, 200.0)];
+            const auto painted = Vexora::paintedText(label);
+            const std::string shown = Vexora::toUtf8([painted.get() string]);
+            for (const std::string& whole : keptTogether(label, width)) {
+                EXPECT_NE(shown.find(whole), std::string::npos)
+                    << whole << " in " << shown << " of " << width;
+            }
+            NSArray* const parts = [[painted.get() string] componentsSeparatedByString:@"\n"];
+        std::erase_if(names, [&](const std::string& name) {
+            const NSRange place = [[label stringValue] rangeOfString:Vexora::toNSString(name)];
+            return place.length == 0 ||
+                   [[[label attributedStringValue] attributedSubstringFromRange:place] size].width >
+                       width - 5.0;
+        });
+            for (NSUInteger index = 0; index < [parts count]; ++index, ++lines) {
+                EXPECT_GT([[parts objectAtIndex:index] length], 1U) << shown << " of " << width;
+            }
+            // The toolkit ends no line by itself.
+            EXPECT_EQ(heightOf(painted, width - 4.0), heightOf(painted, 1.0e6)) << shown;
+            EXPECT_EQ(text(name).find('\n'), std::string::npos);
+        }
+    }
+    EXPECT_GT(lines, 25);
+}
+
 /// What assistive tools call a control: its own text, or else the label that it was given.
 class MacNames : public FreshMacCalls, public BackendTest::EveryState {};
 

@@ -86,6 +86,25 @@ std::map<id, std::string> sources;
 
 @end
 
+/// The toolkit's own knows of blanks alone.
+@implementation NSAttributedString (OnlyOnMac)
+
+- (NSUInteger)lineBreakBeforeIndex:(NSUInteger)location withinRange:(NSRange)range {
+    NSCharacterSet* const never =
+        [NSCharacterSet characterSetWithCharactersInString:@" 、。」っょー"];
+    for (NSUInteger place = location; place > range.location; --place) {
+        const unichar before = [[self string] characterAtIndex:place - 1];
+        const unichar after = [[self string] characterAtIndex:place];
+        const BOOL japanese = before > 0x3000 && before != u'「';
+        if ((before == ' ' || japanese) && ![never characterIsMember:after]) {
+            return place;
+        }
+    }
+    return NSNotFound;
+}
+
+@end
+
 /// Otherwise paragraphs that differ in nothing but their direction would be taken for the same.
 @implementation NSParagraphStyle (OnlyOnMac)
 

@@ -107,7 +107,7 @@ TEST_F(Window, hasAHandOverTheWordsOfALinkAlone) {
     label.get()->centered = YES;
     NSFont* const font = [NSFont systemFontOfSize:12.0];
     for (const bool centers : {false, true}) {
-        [label.get() setCentersVertically:centers];
+        label.get()->centersVertically = centers;
         [label.get() setStyledText:Vexora::toAttributedText(Vexora::StyledText("A link"), font,
                                                             [NSColor blackColor])];
         label.get()->hand = NSZeroRect;

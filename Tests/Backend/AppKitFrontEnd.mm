@@ -112,8 +112,8 @@ bool FrontEnd::isWhole(const NSView* view) {
     NSView* const control = const_cast<NSView*>(view);
     const NSSize room = [control bounds].size;
     if (VexoraTextLabel* const label = as<VexoraTextLabel>(control)) {
-        // The toolkit leaves two points free on each side of the lines.
-        const NSRect lines = [[label attributedStringValue]
+        // Two points are free on each side of the lines.
+        const NSRect lines = [Vexora::paintedText(label).get()
             boundingRectWithSize:NSMakeSize(room.width - 4.0, 1.0e6)
                          options:NSStringDrawingUsesLineFragmentOrigin];
         return NSWidth(lines) <= room.width && NSHeight(lines) <= room.height;

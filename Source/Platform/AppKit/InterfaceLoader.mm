@@ -92,7 +92,7 @@ Strong<NSView> makeLabel(NSDictionary* control) {
     label->plainFont = fontOf(control);
     [label setFont:label->plainFont];
     label->centered = number(control, @"centered") != 0;
-    [label setCentersVertically:number(control, @"centersVertically") != 0];
+    label->centersVertically = number(control, @"centersVertically") != 0;
     return label;
 }
 

@@ -8,6 +8,8 @@
 @public
     /// Whether lines are centred when their text leaves that open.
     BOOL centered;
+    /// Whether lines stand around the middle of the label instead of at its top.
+    BOOL centersVertically;
     /// The font of runs that have none.
     Vexora::Strong<NSFont> plainFont;
     /// The control that this label's text names to assistive tools; null for none.
@@ -29,9 +31,6 @@
     BOOL hasNews;
 }
 
-/// Sets lines around the middle of the label instead of from its top.
-- (void)setCentersVertically:(BOOL)centers;
-
 /// Shows a text. It also becomes the accessible name of the label's buddy.
 - (void)setStyledText:(NSAttributedString*)text;
 
@@ -51,3 +50,10 @@
 - (BOOL)accessibilityPerformPress;
 
 @end
+
+namespace Vexora {
+
+/// The text of a label as it is painted, with ends of lines where they are chosen.
+Strong<NSMutableAttributedString> paintedText(VexoraTextLabel* label);
+
+} // namespace Vexora

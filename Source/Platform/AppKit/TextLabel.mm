@@ -3,44 +3,114 @@
 #include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
+#include "Platform/LineBreaking.h"
 #include "Platform/Palette.h"
 
 #include <cmath>
+#include <string>
+#include <vector>
 
-/// What the toolkit leaves free on each side of a cell's lines, in points.
-static const CGFloat cellPadding = 2.0;
+namespace Vexora {
+namespace {
 
-/// Draws its lines around the middle of the label.
-@interface VexoraTextCell : NSTextFieldCell {
-@public
-    BOOL centersVertically;
+/// What is free on each side of a label's lines, in points.
+constexpr CGFloat padding = 2.0;
+
+CGFloat widthOf(NSAttributedString* text, NSUInteger start, NSUInteger end) {
+    return [[text attributedSubstringFromRange:NSMakeRange(start, end - start)] size].width;
+}
+
+/// What stands between the places where the toolkit lets a line of the text end.
+std::vector<TextPiece> piecesOf(NSAttributedString* text) {
+    NSString* const characters = [text string];
+    NSCharacterSet* const blanks = [NSCharacterSet whitespaceAndNewlineCharacterSet];
+    const auto others = adopt<NSMutableCharacterSet>([blanks mutableCopy]);
+    [others.get() formUnionWithCharacterSet:[NSCharacterSet nonBaseCharacterSet]];
+    [others.get() formUnionWithCharacterSet:[NSCharacterSet punctuationCharacterSet]];
+    std::vector<TextPiece> pieces;
+    for (NSUInteger end = [text length]; end > 0;) {
+        const NSUInteger found = [text lineBreakBeforeIndex:end - 1
+                                                withinRange:NSMakeRange(0, end)];
+        const NSUInteger start = found < end ? found : 0;
+        NSUInteger blank = end;
+        while (blank > start &&
+               [blanks characterIsMember:[characters characterAtIndex:blank - 1]]) {
+            --blank;
+        }
+        TextPiece piece{end, widthOf(text, start, blank), 0.0, 0};
+        piece.blank = widthOf(text, start, end) - piece.width;
+        for (NSUInteger place = start; place < end; ++place) {
+            const unichar character = [characters characterAtIndex:place];
+            piece.letters += [others.get() characterIsMember:character] ? 0U : 1U;
+        }
+        pieces.insert(pieces.begin(), piece);
+        end = start;
+    }
+    return pieces;
+}
+
+/// Puts the ends of lines that are at most so wide into a text, in place of blanks where there are
+/// some.
+void chooseLines(NSMutableAttributedString* text, std::span<const TextRange> marked, CGFloat room) {
+    const auto plain = adopt<NSMutableAttributedString>([text mutableCopy]);
+    [plain.get() removeAttribute:NSParagraphStyleAttributeName range:NSMakeRange(0, [text length])];
+    const std::vector<TextPiece> pieces = piecesOf(plain);
+    std::u16string characters([text length], u'\0');
+    [[text string] getCharacters:reinterpret_cast<unichar*>(characters.data())];
+    for (const std::size_t last : lineEnds(characters, pieces, marked, room)) {
+        const std::size_t end = pieces[last].end;
+        if (end < characters.size()) {
+            const NSUInteger replaced = pieces[last].blank > 0.0 ? 1 : 0;
+            [text replaceCharactersInRange:NSMakeRange(end - replaced, replaced) withString:@"\n"];
+        }
+    }
+}
+
+} // namespace
+
+Strong<NSMutableAttributedString> paintedText(VexoraTextLabel* label) {
+    const auto text = adopt<NSMutableAttributedString>([[label attributedStringValue] mutableCopy]);
+    std::vector<TextRange> marked;
+    NSRange run = NSMakeRange(0, 0);
+    for (NSUInteger start = 0; start < [text.get() length]; start = NSMaxRange(run)) {
+        NSDictionary* const look = [text.get() attributesAtIndex:start effectiveRange:&run];
+        const bool link =
+            ![[look objectForKey:NSForegroundColorAttributeName] isEqual:toNSColor(inkColor)];
+        if (link || ![[look objectForKey:NSFontAttributeName] isEqual:label->plainFont]) {
+            marked.push_back({start, NSMaxRange(run)});
+        }
+    }
+    chooseLines(text, marked, NSWidth([label bounds]) - 2 * padding - 1.0);
+    return text;
 }
 
 /// The place of centred lines in a label.
-- (NSRect)linesIn:(NSRect)frame;
+static NSRect placeOfLines(VexoraTextLabel* label) {
+    const NSRect room = NSInsetRect([label bounds], padding, 0.0);
+    const NSSize size =
+        [paintedText(label).get() boundingRectWithSize:NSMakeSize(NSWidth(room), 1.0e6)
+                                               options:NSStringDrawingUsesLineFragmentOrigin]
+            .size;
+    const CGFloat over = std::floor(std::fmax(0.0, (NSHeight(room) - size.height) / 2));
+    const CGFloat aside = std::floor(std::fmax(0.0, (NSWidth(room) - size.width) / 2));
+    return NSMakeRect(NSMinX(room) + aside, label->centersVertically ? over : 0.0,
+                      NSWidth(room) - 2 * aside, std::fmin(size.height, NSHeight(room)));
+}
 
+} // namespace Vexora
+
+/// Draws what its label says.
+@interface VexoraTextCell : NSTextFieldCell
 @end
 
 @implementation VexoraTextCell
 
-- (NSRect)linesIn:(NSRect)frame {
-    const NSSize room = NSMakeSize(NSWidth(frame) - 2 * cellPadding, NSHeight(frame));
-    const NSSize text =
-        [[self attributedStringValue] boundingRectWithSize:room
-                                                   options:NSStringDrawingUsesLineFragmentOrigin]
-            .size;
-    const CGFloat over = std::fmax(0.0, std::floor((NSHeight(frame) - text.height) / 2));
-    const CGFloat aside = std::fmax(0.0, std::floor((NSWidth(frame) - text.width) / 2));
-    return NSMakeRect(NSMinX(frame) + aside, NSMinY(frame) + (centersVertically ? over : 0.0),
-                      NSWidth(frame) - 2 * aside, std::fmin(text.height, NSHeight(frame)));
-}
-
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView*)view {
-    if (centersVertically) {
-        const CGFloat over = NSMinY([self linesIn:frame]) - NSMinY(frame);
-        frame = NSInsetRect(frame, 0.0, over);
-    }
-    [super drawInteriorWithFrame:frame inView:view];
+    VexoraTextLabel* const label = Vexora::as<VexoraTextLabel>(view);
+    NSRect room = NSInsetRect([label bounds], Vexora::padding, 0.0);
+    room.origin.y = NSMinY(Vexora::placeOfLines(label));
+    room.size.height -= room.origin.y;
+    [Vexora::paintedText(label).get() drawInRect:room];
 }
 
 - (BOOL)accessibilityPerformPress {
@@ -74,10 +144,6 @@ static const CGFloat cellPadding = 2.0;
         [[self cell] setLineBreakMode:NSLineBreakByWordWrapping];
     }
     return self;
-}
-
-- (void)setCentersVertically:(BOOL)centers {
-    Vexora::as<VexoraTextCell>([self cell])->centersVertically = centers;
 }
 
 - (void)setStyledText:(NSAttributedString*)text {
@@ -207,8 +273,7 @@ static const CGFloat cellPadding = 2.0;
 - (void)resetCursorRects {
     if ([self isClickable]) {
         // A click counts anywhere, but only the words look like it.
-        const NSRect words = [Vexora::as<VexoraTextCell>([self cell]) linesIn:[self bounds]];
-        [self addCursorRect:words cursor:[NSCursor pointingHandCursor]];
+        [self addCursorRect:Vexora::placeOfLines(self) cursor:[NSCursor pointingHandCursor]];
     }
 }
 

@@ -172,6 +172,29 @@ TEST_F(MacCalls, windowStaysLight) {
     EXPECT_EQ(macCalls().appearances[frontEnd.window()], Vexora::toUtf8(NSAppearanceNameAqua));
 }
 
+TEST_F(MacCalls, contrastIsBlackOnWhiteWithLinksUnderlined) {
+    enter(State::Failure);
+    VexoraTextLabel* const label = as<VexoraTextLabel>(find("logLabel"));
+    for (const bool contrast : {false, true}) {
+        macCalls().contrast = contrast;
+        const auto painted = Vexora::paintedText(label);
+        const auto look = [](NSAttributedString* text, NSUInteger place, NSString* what) {
+            return [text attribute:what atIndex:place effectiveRange:nullptr];
+        };
+        NSAttributedString* const plain = [label attributedStringValue];
+        const NSUInteger last = [painted.get() length] - 1;
+        EXPECT_EQ([look(painted, 0, NSForegroundColorAttributeName) isEqual:[NSColor blackColor]],
+                  contrast);
+        EXPECT_EQ(look(painted, 0, NSUnderlineStyleAttributeName), nil);
+        EXPECT_TRUE([look(painted, last, NSForegroundColorAttributeName)
+            isEqual:look(plain, [plain length] - 1, NSForegroundColorAttributeName)]);
+        EXPECT_EQ(look(painted, last, NSUnderlineStyleAttributeName) != nil, contrast);
+        [widgetOf(*content) setNeedsDisplay:YES];
+        const Vexora::Color paper = FrontEnd::picture(widgetOf(*content)).at(1, 1);
+        EXPECT_EQ(BackendTest::areAlike(paper, Vexora::Color{1.0, 1.0, 1.0, 1.0}), contrast);
+    }
+}
+
 TEST_F(MacCalls, markedWordsAreSemibold) {
     enter(State::Failure);
     const std::vector<std::pair<double, double>>& fonts = macCalls().fonts;
@@ -214,6 +237,12 @@ protected:
                 names.push_back(run.text);
             }
         }
+        std::erase_if(names, [&](const std::string& name) {
+            const NSRange place = [[label stringValue] rangeOfString:Vexora::toNSString(name)];
+            return place.length == 0 ||
+                   [[[label attributedStringValue] attributedSubstringFromRange:place] size].width >
+                       width - 5.0;
+        });
         return names;
     }
 
@@ -240,12 +269,6 @@ TEST_P(MacLines, tearNeitherNamesNorMarkedWordsNorLinksAndHoldNoLoneLetter) {
                     << whole << " in " << shown << " of " << width;
             }
             NSArray* const parts = [[painted.get() string] componentsSeparatedByString:@"\n"];
-        std::erase_if(names, [&](const std::string& name) {
-            const NSRange place = [[label stringValue] rangeOfString:Vexora::toNSString(name)];
-            return place.length == 0 ||
-                   [[[label attributedStringValue] attributedSubstringFromRange:place] size].width >
-                       width - 5.0;
-        });
             for (NSUInteger index = 0; index < [parts count]; ++index, ++lines) {
                 EXPECT_GT([[parts objectAtIndex:index] length], 1U) << shown << " of " << width;
             }

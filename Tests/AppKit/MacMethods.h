@@ -36,6 +36,8 @@ struct RecordedCalls {
     std::vector<std::string> scripts;
     /// Whether the next scripts run without an error.
     bool scriptsSucceed = true;
+    /// Whether the user asks for contrast.
+    bool contrast = false;
 };
 
 RecordedCalls& macCalls();

@@ -86,6 +86,14 @@ std::map<id, std::string> sources;
 
 @end
 
+@implementation NSWorkspace (OnlyOnMac)
+
+- (BOOL)accessibilityDisplayShouldIncreaseContrast {
+    return AppKitTest::macCalls().contrast;
+}
+
+@end
+
 /// The toolkit's own knows of blanks alone.
 @implementation NSAttributedString (OnlyOnMac)
 

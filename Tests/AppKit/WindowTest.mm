@@ -5,6 +5,11 @@
 
 #include <map>
 
+/// What the toolkit asks of views that only macOS draws rings around.
+@interface VexoraTextLabel (Ring)
+- (NSRect)focusRingMaskBounds;
+@end
+
 /// A label that tells where the pointer becomes a hand.
 @interface PointedLabel : VexoraTextLabel {
 @public
@@ -23,6 +28,7 @@
 namespace AppKitTest {
 
 using BackendTest::FrontEnd;
+using BackendTest::Names;
 using BackendTest::Place;
 using BackendTest::State;
 using Vexora::as;
@@ -122,6 +128,56 @@ TEST_F(Window, hasAHandOverTheWordsOfALinkAlone) {
         EXPECT_NEAR(NSMidX(hand), 200.0, 1.0);
         EXPECT_EQ(NSMinY(hand) > 50.0, centers);
     }
+}
+
+/// What is underlined of a label, and where its focus ring is.
+class Links : public Window {
+protected:
+    Names underlined(const std::string& name) const {
+        const auto text = Vexora::paintedText(label(name));
+        Names parts;
+        NSRange run = NSMakeRange(0, 0);
+        for (NSUInteger start = 0; start < [text.get() length]; start = NSMaxRange(run)) {
+            NSDictionary* const look = [text.get() attributesAtIndex:start effectiveRange:&run];
+            if ([look objectForKey:NSUnderlineStyleAttributeName] != nil) {
+                parts.push_back(Vexora::toUtf8([[text.get() string] substringWithRange:run]));
+            }
+        }
+        return parts;
+    }
+
+    NSRect ring(const std::string& name) const { return [label(name) focusRingMaskBounds]; }
+
+    VexoraTextLabel* label(const std::string& name) const {
+        return as<VexoraTextLabel>(find(name));
+    }
+};
+
+TEST_F(Links, areUnderlinedUnderThePointerAndWithTheFocusOfAKey) {
+    enter(State::Failure);
+    const Names link{translation("Open logs")};
+    EXPECT_EQ(underlined("logLabel"), Names{});
+    [label("logLabel") mouseEntered:[NSApp currentEvent]];
+    [label("failLabel") mouseEntered:[NSApp currentEvent]];
+    EXPECT_EQ(underlined("logLabel"), link);
+    EXPECT_EQ(underlined("failLabel"), Names{});
+    [label("logLabel") mouseExited:[NSApp currentEvent]];
+    EXPECT_EQ(underlined("logLabel"), Names{});
+    tabTo("logLabel");
+    EXPECT_EQ(underlined("logLabel"), link);
+    tabTo("closeButton");
+    EXPECT_EQ(underlined("logLabel"), Names{});
+}
+
+TEST_F(Links, haveTheirFocusRingAroundTheWordsAndOnlyAfterAKey) {
+    enter(State::Success);
+    EXPECT_EQ(focused(), "installLabel");
+    EXPECT_TRUE(NSIsEmptyRect(ring("installLabel")));
+    tabTo("licenseLabel");
+    EXPECT_FALSE(NSIsEmptyRect(ring("licenseLabel")));
+    EXPECT_LT(NSHeight(ring("licenseLabel")), 30.0);
+    EXPECT_LT(NSWidth(ring("licenseLabel")), 450.0);
+    EXPECT_EQ([label("licenseLabel") currentEditor], nil);
 }
 
 TEST_F(Window, animatesItsBarInAThread) {

@@ -1,5 +1,7 @@
 #include "Platform/AppKit/Accessibility.h"
 
+#include "Platform/Palette.h"
+
 #include <array>
 
 namespace Vexora {
@@ -43,6 +45,16 @@ void announce(NSString* text) {
                                      NSAccessibilityPriorityKey, nil];
     NSAccessibilityPostNotificationWithUserInfo(
         NSApp, NSAccessibilityAnnouncementRequestedNotification, announcement);
+}
+
+bool wantsContrast() {
+    return [answering([NSWorkspace sharedWorkspace],
+                      @selector(accessibilityDisplayShouldIncreaseContrast))
+        accessibilityDisplayShouldIncreaseContrast];
+}
+
+Color paper() {
+    return wantsContrast() ? sheetColor : paperColor;
 }
 
 void hideFromAssistiveTools(NSView* view) {

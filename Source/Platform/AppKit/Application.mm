@@ -1,9 +1,9 @@
 #include "Platform/AppKit/Application.h"
 
+#include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
 #include "Platform/AppKit/TextLabel.h"
-#include "Platform/Palette.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -76,7 +76,7 @@ AppKitWindow::AppKitWindow()
     [window_.get()
         setContentView:adopt<VexoraColumn>([[VexoraColumn alloc] initWithFrame:NSZeroRect])];
     [window_.get() setAutorecalculatesKeyViewLoop:YES];
-    [window_.get() setBackgroundColor:toNSColor(paperColor)];
+    [window_.get() setBackgroundColor:toNSColor(paper())];
     if ([window_.get() respondsToSelector:@selector(setAppearance:)]) {
         // The colours are for light paper, also on a dark desktop.
         [window_.get() setAppearance:[NSAppearance appearanceNamed:NSAppearanceNameAqua]];

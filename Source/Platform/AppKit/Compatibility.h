@@ -36,6 +36,10 @@
 - (void)setAppearance:(NSAppearance*)appearance;
 @end
 
+@interface NSWorkspace (OnlyOnMac)
+- (BOOL)accessibilityDisplayShouldIncreaseContrast;
+@end
+
 @interface NSFont (OnlyOnMac)
 + (NSFont*)systemFontOfSize:(CGFloat)size weight:(CGFloat)weight;
 @end
@@ -50,6 +54,8 @@
 #define NSBezelStyleRounded NSRoundedBezelStyle
 #define NSBezelStyleHelpButton NSHelpButtonBezelStyle
 #define NSEventTypeLeftMouseDown NSLeftMouseDown
+#define NSEventTypeKeyDown NSKeyDown
+#define NSEventTypeKeyUp NSKeyUp
 #define NSEventModifierFlagCommand NSCommandKeyMask
 
 #endif

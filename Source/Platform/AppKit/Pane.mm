@@ -1,7 +1,7 @@
 #include "Platform/AppKit/Pane.h"
 
+#include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Conversions.h"
-#include "Platform/Palette.h"
 
 @interface VexoraPane ()
 - (BOOL)isTopmostOpaque;
@@ -121,7 +121,7 @@
 
 - (void)drawRect:(NSRect)dirtyRect {
     if (opaquePane) {
-        [Vexora::toNSColor(Vexora::paperColor) set];
+        [Vexora::toNSColor(Vexora::paper()) set];
         NSRectFill([self bounds]);
     }
 }

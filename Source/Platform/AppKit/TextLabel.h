@@ -1,5 +1,7 @@
-// The view behind a text field: styled runs that wrap, and that can be clicked like a link. To
-// assistive tools it is a text, or a link with a press action once it is clickable.
+// The view behind a text field: styled runs that wrap, and that can be clicked like a link. Only the
+// words look like one then, and the coloured are underlined under the pointer and while a key has
+// given them the focus. To assistive tools it is a text, or a link with a press action once it is
+// clickable.
 #pragma once
 
 #include "Platform/AppKit/Handler.h"
@@ -23,12 +25,16 @@
     Vexora::Strong<NSString> dismissedBy;
     /// The text without a link at its end.
     Vexora::Strong<NSString> spokenWords;
+    /// Whether the pointer is over the words, and whether a key has given them the focus.
+    BOOL hovered;
+    BOOL showsFocus;
 
 @private
     Vexora::Strong<NSAttributedString> styledText;
     Vexora::Strong<VexoraHandler> clickHandler;
     NSUserInterfaceLayoutDirection direction;
     BOOL hasNews;
+    NSTrackingRectTag words;
 }
 
 /// Shows a text. It also becomes the accessible name of the label's buddy.
@@ -53,7 +59,8 @@
 
 namespace Vexora {
 
-/// The text of a label as it is painted, with ends of lines where they are chosen.
+/// The text of a label as it is painted: with ends of lines where they are chosen, and with what makes
+/// it stand out now.
 Strong<NSMutableAttributedString> paintedText(VexoraTextLabel* label);
 
 } // namespace Vexora

@@ -70,6 +70,8 @@ void chooseLines(NSMutableAttributedString* text, std::span<const TextRange> mar
 
 Strong<NSMutableAttributedString> paintedText(VexoraTextLabel* label) {
     const auto text = adopt<NSMutableAttributedString>([[label attributedStringValue] mutableCopy]);
+    const bool underlined =
+        [label isClickable] && (label->hovered || label->showsFocus || wantsContrast());
     std::vector<TextRange> marked;
     NSRange run = NSMakeRange(0, 0);
     for (NSUInteger start = 0; start < [text.get() length]; start = NSMaxRange(run)) {
@@ -78,6 +80,15 @@ Strong<NSMutableAttributedString> paintedText(VexoraTextLabel* label) {
             ![[look objectForKey:NSForegroundColorAttributeName] isEqual:toNSColor(inkColor)];
         if (link || ![[look objectForKey:NSFontAttributeName] isEqual:label->plainFont]) {
             marked.push_back({start, NSMaxRange(run)});
+        }
+        if (link && underlined) {
+            [text.get() addAttribute:NSUnderlineStyleAttributeName
+                               value:[NSNumber numberWithInteger:NSUnderlineStyleSingle]
+                               range:run];
+        } else if (!link && wantsContrast()) {
+            [text.get() addAttribute:NSForegroundColorAttributeName
+                               value:[NSColor blackColor]
+                               range:run];
         }
     }
     chooseLines(text, marked, NSWidth([label bounds]) - 2 * padding - 1.0);
@@ -167,6 +178,7 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
                             range:NSMakeRange(0, [text length])];
     }
     [self setAttributedStringValue:shown];
+    [[self window] invalidateCursorRectsForView:self];
     Vexora::setAccessibleName(self, [text string]);
     Vexora::setAccessibleName(buddy, [text string]);
     if ([self window] != nil && ![self isHidden]) {
@@ -272,12 +284,42 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 
 - (void)resetCursorRects {
     if ([self isClickable]) {
+    if (words != 0) {
+        [self removeTrackingRect:words];
+        words = 0;
+    }
         // A click counts anywhere, but only the words look like it.
-        [self addCursorRect:Vexora::placeOfLines(self) cursor:[NSCursor pointingHandCursor]];
+        const NSRect place = Vexora::placeOfLines(self);
+        [self addCursorRect:place cursor:[NSCursor pointingHandCursor]];
+        words = [self addTrackingRect:place owner:self userData:nullptr assumeInside:NO];
     }
 }
 
 - (BOOL)acceptsFirstResponder {
+- (void)mouseEntered:(NSEvent*)event {
+    hovered = YES;
+    [self setNeedsDisplay:YES];
+}
+
+- (void)mouseExited:(NSEvent*)event {
+    hovered = NO;
+    [self setNeedsDisplay:YES];
+}
+
+- (BOOL)becomeFirstResponder {
+    // Not as the toolkit's own do, which are for text that is edited.
+    const NSEventType cause = [[NSApp currentEvent] type];
+    showsFocus = cause == NSEventTypeKeyDown || cause == NSEventTypeKeyUp;
+    [self setNeedsDisplay:YES];
+    return YES;
+}
+
+- (BOOL)resignFirstResponder {
+    showsFocus = NO;
+    [self setNeedsDisplay:YES];
+    return YES;
+}
+
     // A click leaves the focus where it is.
     return ([self isClickable] || hasNews) &&
            [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
@@ -304,11 +346,11 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 }
 
 - (NSRect)focusRingMaskBounds {
-    return [self bounds];
+    return showsFocus ? Vexora::placeOfLines(self) : NSZeroRect;
 }
 
 - (void)drawFocusRingMask {
-    NSRectFill([self bounds]);
+    NSRectFill([self focusRingMaskBounds]);
 }
 
 @end

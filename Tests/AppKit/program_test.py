@@ -13,7 +13,7 @@ TITLE = "Ondrel Vexora Lumiq Setup"
 
 # Places in the window's content, by the interface definitions.
 CLOSE_BUTTON = (468, 420)
-END_OF_BAR = (470, 284)
+MARK_ON_BAR = (470, 275)
 MIDDLE_OF_ICON = (280, 148)
 
 
@@ -77,9 +77,9 @@ class Program:
         return [int(part, 16) for part in found.groups()] if found else []
 
     def wait_success(self):
-        """Waits until the bar is full, which is grey; what is not painted yet is black."""
-        self._wait_color("a full bar", END_OF_BAR,
-                         lambda *color: min(color) > 50 and max(color) < 150)
+        """Waits until the bar carries its green mark."""
+        self._wait_color("the mark of success", MARK_ON_BAR,
+                         lambda red, green, blue: green > 100 and max(red, blue) < 80)
 
     def wait_failure(self):
         """Waits until the red icon shows."""

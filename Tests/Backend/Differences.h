@@ -12,7 +12,6 @@ enum class Habit {
     TabGoesBackOutOfTheLicense,
     FailureHasItsIconOverTheTitle,
     FitsASmallScreen,
-    FullBarCarriesACheckMark,
 };
 
 struct Difference {
@@ -32,8 +31,6 @@ inline const std::map<Habit, Difference> differences{
       "The Mac's alerts have their icon over the text; elsewhere it stands before the title."}},
     {Habit::FitsASmallScreen,
      {true, false, "No Mac has a screen of 480 pixels; its definitions have places of their own."}},
-    {Habit::FullBarCarriesACheckMark,
-     {true, false, "The Mac draws its bar itself, and leaves no room at its end."}},
 };
 
 } // namespace BackendTest

@@ -4,25 +4,10 @@
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
 #include "Platform/AppKit/Picture.h"
+#include "Platform/AppKit/ProgressBar.h"
 #include "Platform/AppKit/PushButton.h"
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/AppKit/Views.h"
-
-/// A bar that may have the focus, so that it is spoken, but not by the Tab key.
-@interface VexoraBar : NSProgressIndicator
-@end
-
-@implementation VexoraBar
-
-- (BOOL)acceptsFirstResponder {
-    return [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;
-}
-
-- (BOOL)canBecomeKeyView {
-    return NO;
-}
-
-@end
 
 namespace Vexora {
 namespace {

@@ -5,6 +5,8 @@
 #include "Platform/AppKit/Handler.h"
 #include "Platform/Application.h"
 
+#include <cstdlib>
+
 namespace Vexora {
 
 class AppKitWindow : public Window {
@@ -19,7 +21,7 @@ public:
     void setContent(NSView* content);
 
     void setTitle(const std::string& title) override;
-    void center() override;
+    void center() override { [window() center]; }
 
     NSWindow* window() const { return window_.get(); }
 
@@ -37,10 +39,10 @@ public:
     AppKitWindow& mainWindow() { return mainWindow_; }
 
     std::vector<Window*> windows() override { return {&mainWindow_}; }
-    void activateIgnoringOtherApps() override;
+    void activateIgnoringOtherApps() override { [NSApp activateIgnoringOtherApps:YES]; }
     void onWindowWillClose(std::function<void()> handler) override;
     void setLanguage(const std::string& languageCode) override;
-    void exit(int status) override;
+    void exit(int status) override { std::exit(status); }
 
 private:
     AppKitWindow mainWindow_;

@@ -6,7 +6,6 @@
 #include "Platform/AppKit/TextLabel.h"
 
 #include <cmath>
-#include <cstdlib>
 
 /// A window without a menu bar above it: it answers the usual keys by itself.
 @interface VexoraWindow : NSWindow
@@ -100,16 +99,8 @@ void AppKitWindow::setTitle(const std::string& title) {
     [window_.get() setTitle:toNSString(title)];
 }
 
-void AppKitWindow::center() {
-    [window_.get() center];
-}
-
 AppKitApplication::~AppKitApplication() {
     [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
-}
-
-void AppKitApplication::activateIgnoringOtherApps() {
-    [NSApp activateIgnoringOtherApps:YES];
 }
 
 void AppKitApplication::onWindowWillClose(std::function<void()> handler) {
@@ -128,10 +119,6 @@ void AppKitApplication::setLanguage(const std::string& languageCode) {
     [[mainWindow_.window() contentView]
         setUserInterfaceLayoutDirection:fromRight ? NSUserInterfaceLayoutDirectionRightToLeft
                                                   : NSUserInterfaceLayoutDirectionLeftToRight];
-}
-
-void AppKitApplication::exit(int status) {
-    std::exit(status);
 }
 
 } // namespace Vexora

@@ -9,6 +9,8 @@
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/AppKit/Views.h"
 
+#include <map>
+
 namespace Vexora {
 namespace {
 
@@ -70,7 +72,7 @@ NSFont* fontOf(NSDictionary* control) {
                                          : [NSFont systemFontOfSize:size];
 }
 
-Strong<NSView> makeLabel(NSDictionary* control) {
+Strong<NSView> makeLabel(NSDictionary* control, const std::string& /*folder*/) {
     const auto made =
         adopt<VexoraTextLabel>([[VexoraTextLabel alloc] initWithFrame:frameOf(control)]);
     VexoraTextLabel* const label = made.get();
@@ -81,7 +83,7 @@ Strong<NSView> makeLabel(NSDictionary* control) {
     return label;
 }
 
-Strong<NSView> makeButton(NSDictionary* control) {
+Strong<NSView> makeButton(NSDictionary* control, const std::string& /*folder*/) {
     const auto made = adopt<VexoraButton>([[VexoraButton alloc] initWithFrame:frameOf(control)]);
     VexoraButton* const button = made.get();
     if (number(control, @"help") != 0) {
@@ -91,7 +93,6 @@ Strong<NSView> makeButton(NSDictionary* control) {
         setAccessibleName(button, address);
         setAccessibleRole(button, NSAccessibilityLinkRole);
     }
-    [button setIsDefault:number(control, @"default") != 0];
     button->cancels = number(control, @"cancels") != 0;
     return button;
 }
@@ -104,11 +105,12 @@ Strong<NSView> makePicture(NSDictionary* control, const std::string& folder) {
     return picture;
 }
 
-Strong<NSView> makeBar(NSDictionary* control) {
-    return adopt<VexoraBar>([[VexoraBar alloc] initWithFrame:frameOf(control)]).get();
+template <class Kind>
+Strong<NSView> makePlain(NSDictionary* control, const std::string& /*folder*/) {
+    return adopt<Kind>([[Kind alloc] initWithFrame:frameOf(control)]).get();
 }
 
-Strong<NSView> makeScrollView(NSDictionary* control) {
+Strong<NSView> makeScrollView(NSDictionary* control, const std::string& /*folder*/) {
     const auto made = adopt<NSScrollView>([[NSScrollView alloc] initWithFrame:frameOf(control)]);
     NSScrollView* const area = made.get();
     [area setHasVerticalScroller:YES];
@@ -118,26 +120,12 @@ Strong<NSView> makeScrollView(NSDictionary* control) {
 
 /// The control that a definition describes; null for a class that no definition may name.
 Strong<NSView> makeControl(NSDictionary* control, const std::string& folder) {
-    NSString* const kind = text(control, @"class");
-    if ([kind isEqualToString:@"NSTextField"]) {
-        return makeLabel(control);
-    }
-    if ([kind isEqualToString:@"NSButton"]) {
-        return makeButton(control);
-    }
-    if ([kind isEqualToString:@"NSImageView"]) {
-        return makePicture(control, folder);
-    }
-    if ([kind isEqualToString:@"NSProgressIndicator"]) {
-        return makeBar(control);
-    }
-    if ([kind isEqualToString:@"NSScrollView"]) {
-        return makeScrollView(control);
-    }
-    if ([kind isEqualToString:@"NSView"]) {
-        return adopt<VexoraPane>([[VexoraPane alloc] initWithFrame:frameOf(control)]).get();
-    }
-    return nil;
+    static const std::map<std::string, Strong<NSView> (*)(NSDictionary*, const std::string&)>
+        makers{{"NSTextField", makeLabel},       {"NSButton", makeButton},
+               {"NSImageView", makePicture},     {"NSProgressIndicator", makePlain<VexoraBar>},
+               {"NSScrollView", makeScrollView}, {"NSView", makePlain<VexoraPane>}};
+    const auto maker = makers.find(toUtf8(text(control, @"class")));
+    return maker == makers.end() ? Strong<NSView>() : maker->second(control, folder);
 }
 
 /// The controls of a definition that have a name.

@@ -10,8 +10,6 @@
 
 @class VexoraButton;
 @class VexoraPane;
-@class VexoraPicture;
-@class VexoraTextLabel;
 
 namespace Vexora {
 
@@ -42,14 +40,11 @@ public:
 
 class AppKitTextField : public Shown<TextField, WidgetOwner> {
 public:
-    explicit AppKitTextField(VexoraTextLabel* label);
+    using Shown::Shown;
 
 protected:
     void applyText() override;
     void applyClickable() override;
-
-private:
-    VexoraTextLabel* label() const;
 };
 
 class AppKitButton : public Shown<Button, WidgetOwner> {
@@ -58,24 +53,20 @@ public:
 
 protected:
     void applyTitle() override;
-
-private:
-    VexoraButton* button() const;
 };
 
-class AppKitImageView : public Shown<ImageView, WidgetOwner> {
-public:
-    explicit AppKitImageView(VexoraPicture* picture);
-};
+using AppKitImageView = Shown<ImageView, WidgetOwner>;
 
 class AppKitProgressIndicator : public Shown<ProgressIndicator, WidgetOwner> {
 public:
     explicit AppKitProgressIndicator(NSProgressIndicator* bar);
 
 protected:
-    void applyIndeterminate() override;
-    void applyThreadedAnimation() override;
-    void applyValue() override;
+    void applyIndeterminate() override { [bar() setIndeterminate:isIndeterminate()]; }
+    void applyThreadedAnimation() override {
+        [bar() setUsesThreadedAnimation:usesThreadedAnimation()];
+    }
+    void applyValue() override { [bar() setDoubleValue:doubleValue()]; }
 
 private:
     NSProgressIndicator* bar() const { return as<NSProgressIndicator>(widget()); }
@@ -88,16 +79,16 @@ public:
     NSTextView* edit() const { return as<NSTextView>(widget()); }
 
 protected:
-    void applyRichText() override;
+    void applyRichText() override { [edit() setRichText:isRichText()]; }
     void applyString() override;
-    void applyEditable() override;
+    void applyEditable() override { [edit() setEditable:isEditable()]; }
     void applyContainerSize() override;
 };
 
 /// The scroll view of the definition; the text area inside brings no scroll bar of its own.
 class AppKitScrollView : public Shown<ScrollView, WidgetOwner> {
 public:
-    explicit AppKitScrollView(NSScrollView* frame);
+    using Shown::Shown;
 
     Size contentSize() const override;
 

@@ -65,50 +65,27 @@ AppKitView::AppKitView(VexoraPane* pane) : Shown(pane) {
     setOpaque(pane->opaquePane);
 }
 
-AppKitTextField::AppKitTextField(VexoraTextLabel* label) : Shown(label) {}
-
-VexoraTextLabel* AppKitTextField::label() const {
-    return as<VexoraTextLabel>(widget());
-}
-
 void AppKitTextField::applyText() {
-    label()->spokenWords = toNSString(wordsBesideLinks(attributedStringValue()));
-    [label() setStyledText:toAttributedText(attributedStringValue(), label()->plainFont,
-                                            toNSColor(inkColor))];
+    VexoraTextLabel* const label = as<VexoraTextLabel>(widget());
+    label->spokenWords = toNSString(wordsBesideLinks(attributedStringValue()));
+    [label setStyledText:toAttributedText(attributedStringValue(), label->plainFont,
+                                          toNSColor(inkColor))];
 }
 
 void AppKitTextField::applyClickable() {
-    [label() setClickHandler:makeHandler([this] { click(); })];
+    [as<VexoraTextLabel>(widget()) setClickHandler:makeHandler([this] { click(); })];
 }
 
 AppKitButton::AppKitButton(VexoraButton* button) : Shown(button) {
     [button setClickHandler:makeHandler([this] { click(); })];
 }
 
-VexoraButton* AppKitButton::button() const {
-    return as<VexoraButton>(widget());
-}
-
 void AppKitButton::applyTitle() {
-    [button() setTitle:toNSString(title())];
+    [as<VexoraButton>(widget()) setTitle:toNSString(title())];
 }
-
-AppKitImageView::AppKitImageView(VexoraPicture* picture) : Shown(picture) {}
 
 AppKitProgressIndicator::AppKitProgressIndicator(NSProgressIndicator* bar) : Shown(bar) {
     setRange([bar minValue], [bar maxValue]);
-}
-
-void AppKitProgressIndicator::applyIndeterminate() {
-    [bar() setIndeterminate:isIndeterminate()];
-}
-
-void AppKitProgressIndicator::applyThreadedAnimation() {
-    [bar() setUsesThreadedAnimation:usesThreadedAnimation()];
-}
-
-void AppKitProgressIndicator::applyValue() {
-    [bar() setDoubleValue:doubleValue()];
 }
 
 AppKitTextView::AppKitTextView(Size size)
@@ -131,24 +108,14 @@ AppKitTextView::AppKitTextView(Size size)
     [edit() setFont:[NSFont systemFontOfSize:12.0]];
 }
 
-void AppKitTextView::applyRichText() {
-    [edit() setRichText:isRichText()];
-}
-
 void AppKitTextView::applyString() {
     [edit() setString:toNSString(string())];
-}
-
-void AppKitTextView::applyEditable() {
-    [edit() setEditable:isEditable()];
 }
 
 void AppKitTextView::applyContainerSize() {
     [[edit() textContainer]
         setContainerSize:NSMakeSize(containerSize().width, containerSize().height)];
 }
-
-AppKitScrollView::AppKitScrollView(NSScrollView* frame) : Shown(frame) {}
 
 Size AppKitScrollView::contentSize() const {
     const NSSize size = [as<NSScrollView>(widget()) contentSize];

@@ -25,7 +25,7 @@ protected:
         Counts found;
         for (const char* name :
              {"VexoraPane", "VexoraTextLabel", "VexoraButton", "VexoraPicture", "VexoraHandler",
-              "NSTextView", "NSScrollView", "NSProgressIndicator", "NSImage", "NSTextStorage",
+              "VexoraTextView", "NSScrollView", "NSProgressIndicator", "NSImage", "NSTextStorage",
               "NSLayoutManager", "NSTextContainer", "NSBitmapImageRep"}) {
             found[name] = GSDebugAllocationCount(NSClassFromString(Vexora::toNSString(name)));
         }

@@ -130,6 +130,11 @@ TEST_F(Window, hasAHandOverTheWordsOfALinkAlone) {
     }
 }
 
+TEST_F(Window, beginsWithTheButtonThatStarts) {
+    openWindow();
+    EXPECT_EQ([window() initialFirstResponder], find("startButton"));
+}
+
 /// What is underlined of a label, and where its focus ring is.
 class Links : public Window {
 protected:
@@ -178,6 +183,47 @@ TEST_F(Links, haveTheirFocusRingAroundTheWordsAndOnlyAfterAKey) {
     EXPECT_LT(NSHeight(ring("licenseLabel")), 30.0);
     EXPECT_LT(NSWidth(ring("licenseLabel")), 450.0);
     EXPECT_EQ([label("licenseLabel") currentEditor], nil);
+}
+
+/// The one button that Return presses.
+class DefaultButton : public Window {
+protected:
+    std::string name() const {
+        for (const std::string& control : visible()) {
+            NSButton* const button = as<NSButton>(find(control));
+            const bool chosen = button != nil && [window() defaultButtonCell] == [button cell];
+            EXPECT_EQ([[button keyEquivalent] isEqualToString:@"\r"], chosen) << control;
+            if (chosen) {
+                return control;
+            }
+        }
+        EXPECT_EQ([window() defaultButtonCell], nil);
+        return {};
+    }
+};
+
+TEST_F(DefaultButton, followsTheScreens) {
+    openWindow();
+    EXPECT_EQ(name(), "startButton");
+    content->switchToLicenseView();
+    EXPECT_EQ(name(), "backButton");
+    leaveLicense();
+    EXPECT_EQ(name(), "startButton");
+    click("startButton");
+    EXPECT_EQ(name(), "");
+    content->switchToLicenseView();
+    EXPECT_EQ(name(), "backButton");
+    endInstall(0);
+    EXPECT_EQ(name(), "backButton");
+    leaveLicense();
+    EXPECT_EQ(name(), "closeButton");
+}
+
+TEST_F(DefaultButton, isCloseAfterEveryFailure) {
+    for (const State state : {State::Failure, State::Notice, State::LicenseOnFailure}) {
+        enter(state);
+        EXPECT_EQ(name(), "closeButton") << testing::PrintToString(state);
+    }
 }
 
 TEST_F(Window, animatesItsBarInAThread) {

@@ -45,6 +45,13 @@
     return [super performKeyEquivalent:event];
 }
 
+- (void)keyDown:(NSEvent*)event {
+    // What a key pressed that is held down was another control.
+    if (![event isARepeat]) {
+        [super keyDown:event];
+    }
+}
+
 @end
 
 /// What a window wider than its content shows: the content as a column in the middle.
@@ -93,6 +100,7 @@ void AppKitWindow::setContent(NSView* content) {
     [window_.get() center];
     [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content)
                                               positioned:Ordering::Above];
+    [window_.get() setInitialFirstResponder:as<NSView>([window_.get() firstResponder])];
 }
 
 void AppKitWindow::setTitle(const std::string& title) {

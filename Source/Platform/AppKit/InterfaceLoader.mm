@@ -152,6 +152,9 @@ NSDictionary* setUp(VexoraPane* pane, NSDictionary* definition, const std::strin
         }
         [view.get() setAutoresizingMask:resizingOf(control)];
         [pane addSubview:view];
+        if (number(control, @"default") != 0) {
+            pane->defaultButton = as<NSButton>(view.get());
+        }
         [named setObject:view.get() forKey:text(control, @"name")];
     }
     for (NSDictionary* control : controls) {

@@ -15,12 +15,15 @@
     Vexora::Strong<NSView> contentArea;
     /// The control that takes the keys when the pane appears; null for none.
     Vexora::Strong<NSView> initialFocus;
+    /// The button that Return presses when the pane appears; null for none.
+    Vexora::Strong<NSButton> defaultButton;
     /// The controls of the definition by their names.
     Vexora::Strong<NSDictionary> controls;
 
 @private
     NSUserInterfaceLayoutDirection direction;
     Vexora::Strong<NSView> focusBeforeCover;
+    Vexora::Strong<NSButtonCell> defaultBeforeCover;
 }
 
 /// Takes a pane in, under or over everything else. An opaque one takes the whole area, any other
@@ -31,13 +34,14 @@
 - (void)removePane:(VexoraPane*)pane;
 
 /// Gives the keys to the control that has the initial focus of the pane's definition, or of one of
-/// the panes that it holds.
+/// the panes that it holds, and Return to the default button likewise.
 - (void)takeInitialFocus;
 
 /// The control of that name in this pane or one that it holds; null for none.
 - (NSView*)controlNamed:(NSString*)name;
 
-/// Gives the keys to a control of any screen, or, while it is covered, once it shows again.
-- (void)giveFocus:(NSView*)control;
+/// Gives the keys to a control of any screen and Return to a button, or, while the control is covered,
+/// once it shows again.
+- (void)giveFocus:(NSView*)control andReturn:(NSButton*)button;
 
 @end

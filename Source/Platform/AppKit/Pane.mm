@@ -5,6 +5,7 @@
 
 @interface VexoraPane ()
 - (BOOL)isTopmostOpaque;
+- (void)setDefaultCell:(NSButtonCell*)cell;
 - (void)mirror:(NSView*)view;
 @end
 
@@ -22,6 +23,7 @@
     const BOOL covered = ordering == Vexora::Ordering::Below && [self isTopmostOpaque];
     if (pane->opaquePane) {
         focusBeforeCover = Vexora::as<NSView>([[self window] firstResponder]);
+        defaultBeforeCover = [[self window] defaultButtonCell];
     }
     const BOOL everything = pane->opaquePane || contentArea.get() == nil;
     [pane setUserInterfaceLayoutDirection:direction];
@@ -52,11 +54,18 @@
     return topmost != nil && topmost->opaquePane;
 }
 
+- (void)setDefaultCell:(NSButtonCell*)cell {
+    [[[self window] defaultButtonCell] setKeyEquivalent:@""];
+    [[self window] setDefaultButtonCell:cell];
+}
+
 - (void)restoreFocus {
+    [self setDefaultCell:defaultBeforeCover];
     if ([focusBeforeCover.get() window] == [self window]) {
         [[self window] makeFirstResponder:focusBeforeCover];
     }
     focusBeforeCover = nil;
+    defaultBeforeCover = nil;
 }
 
 - (void)takeInitialFocus {
@@ -64,6 +73,9 @@
     NSView* const focus = area == nil ? initialFocus.get() : [area documentView];
     if (focus != nil) {
         [[self window] makeFirstResponder:focus];
+    }
+    if (defaultButton.get() != nil) {
+        [self setDefaultCell:[defaultButton.get() cell]];
     }
     for (NSUInteger index = 0; index < [[self subviews] count]; ++index) {
         [Vexora::as<VexoraPane>([[self subviews] objectAtIndex:index]) takeInitialFocus];
@@ -79,11 +91,13 @@
     return found;
 }
 
-- (void)giveFocus:(NSView*)control {
+- (void)giveFocus:(NSView*)control andReturn:(NSButton*)button {
     if ([control isHiddenOrHasHiddenAncestor]) {
         focusBeforeCover = control;
+        defaultBeforeCover = [button cell];
     } else {
         [[self window] makeFirstResponder:control];
+        [self setDefaultCell:[button cell]];
     }
 }
 

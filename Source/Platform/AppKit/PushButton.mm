@@ -32,17 +32,11 @@
     [self setAction:@selector(handle:)];
 }
 
-- (void)setIsDefault:(BOOL)newDefault {
-    isDefault = newDefault;
-    [self setKeyEquivalent:isDefault ? @"\r" : @""];
-}
-
-- (void)viewDidHide {
-    [self setKeyEquivalent:@""];
-}
-
-- (void)viewDidUnhide {
-    [self setKeyEquivalent:isDefault ? @"\r" : @""];
+- (void)viewWillMoveToWindow:(NSWindow*)window {
+    if ([[self window] defaultButtonCell] == [self cell]) {
+        [[self window] setDefaultButtonCell:nil];
+    }
+    [super viewWillMoveToWindow:window];
 }
 
 - (void)keyDown:(NSEvent*)event {
@@ -60,7 +54,7 @@
     NSString* const key = [event charactersIgnoringModifiers];
     const BOOL escape = [key isEqualToString:@"\033"];
     const BOOL enter = [key isEqualToString:@"\003"];
-    if ((cancels && escape) || (enter && isDefault)) {
+    if ((cancels && escape) || (enter && [[self window] defaultButtonCell] == [self cell])) {
         [self performClick:self];
         return YES;
     }

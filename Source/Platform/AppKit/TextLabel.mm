@@ -192,15 +192,16 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 
 - (void)tellNews {
     VexoraPane* const root = Vexora::as<VexoraPane>([[self superview] superview]);
+    NSString* const name = dismissedBy.get() != nil ? dismissedBy : describes;
+    NSButton* const button = Vexora::as<NSButton>([self controlNamed:name]);
     if (dismissedBy.get() != nil) {
         hasNews = YES;
-        [root giveFocus:self];
+        [root giveFocus:self andReturn:button];
         Vexora::announce(spokenWords);
     } else if (describes.get() != nil) {
-        NSView* const described = [self controlNamed:describes];
         NSString* const description = [self descriptionOfAll];
-        Vexora::setAccessibleDescription(described, description);
-        [root giveFocus:described];
+        Vexora::setAccessibleDescription(button, description);
+        [root giveFocus:button andReturn:button];
         Vexora::announce(description);
     }
 }
@@ -283,11 +284,11 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 }
 
 - (void)resetCursorRects {
-    if ([self isClickable]) {
     if (words != 0) {
         [self removeTrackingRect:words];
         words = 0;
     }
+    if ([self isClickable]) {
         // A click counts anywhere, but only the words look like it.
         const NSRect place = Vexora::placeOfLines(self);
         [self addCursorRect:place cursor:[NSCursor pointingHandCursor]];
@@ -295,7 +296,6 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
     }
 }
 
-- (BOOL)acceptsFirstResponder {
 - (void)mouseEntered:(NSEvent*)event {
     hovered = YES;
     [self setNeedsDisplay:YES];
@@ -320,6 +320,7 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
     return YES;
 }
 
+- (BOOL)acceptsFirstResponder {
     // A click leaves the focus where it is.
     return ([self isClickable] || hasNews) &&
            [[NSApp currentEvent] type] != NSEventTypeLeftMouseDown;

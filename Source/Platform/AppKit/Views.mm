@@ -8,6 +8,20 @@
 #include "Platform/Palette.h"
 #include "Platform/Words.h"
 
+/// A text to read, which leaves Return to the default button.
+@interface VexoraTextView : NSTextView
+@end
+
+@implementation VexoraTextView
+
+- (void)keyDown:(NSEvent*)event {
+    if (![[self window] performKeyEquivalent:event]) {
+        [super keyDown:event];
+    }
+}
+
+@end
+
 namespace Vexora {
 namespace {
 
@@ -89,8 +103,8 @@ AppKitProgressIndicator::AppKitProgressIndicator(NSProgressIndicator* bar) : Sho
 }
 
 AppKitTextView::AppKitTextView(Size size)
-    : Shown(adopt<NSTextView>(
-                [[NSTextView alloc] initWithFrame:NSMakeRect(0.0, 0.0, size.width, size.height)])
+    : Shown(adopt<NSTextView>([[VexoraTextView alloc]
+                                  initWithFrame:NSMakeRect(0.0, 0.0, size.width, size.height)])
                 .get()) {
     [edit() setMinSize:NSMakeSize(0.0, size.height)];
     [edit() setMaxSize:NSMakeSize(1.0e7, 1.0e7)];

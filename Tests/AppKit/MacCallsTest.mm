@@ -172,6 +172,10 @@ TEST_F(MacCalls, windowStaysLight) {
     EXPECT_EQ(macCalls().appearances[frontEnd.window()], Vexora::toUtf8(NSAppearanceNameAqua));
 }
 
+TEST_F(MacCalls, windowHasNoFullScreen) {
+    EXPECT_EQ(macCalls().collections[frontEnd.window()], NSWindowCollectionBehaviorFullScreenNone);
+}
+
 TEST_F(MacCalls, contrastIsBlackOnWhiteWithLinksUnderlined) {
     enter(State::Failure);
     VexoraTextLabel* const label = as<VexoraTextLabel>(find("logLabel"));

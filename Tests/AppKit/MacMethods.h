@@ -30,6 +30,7 @@ struct RecordedCalls {
     std::map<NSView*, std::string> roles;
     std::map<NSView*, bool> elements;
     std::map<NSWindow*, std::string> appearances;
+    std::map<NSWindow*, NSUInteger> collections;
     /// Sizes and weights of the system fonts that were asked for.
     std::vector<std::pair<double, double>> fonts;
     /// The sources of the scripts that were run.

@@ -55,6 +55,10 @@ std::map<id, std::string> sources;
     AppKitTest::macCalls().appearances[self] = Vexora::toUtf8([appearance name]);
 }
 
+- (void)setCollectionBehavior:(NSWindowCollectionBehavior)behavior {
+    AppKitTest::macCalls().collections[self] = behavior;
+}
+
 @end
 
 @implementation NSFont (OnlyOnMac)

@@ -82,6 +82,7 @@ AppKitWindow::AppKitWindow()
     [window_.get()
         setContentView:adopt<VexoraColumn>([[VexoraColumn alloc] initWithFrame:NSZeroRect])];
     [window_.get() setAutorecalculatesKeyViewLoop:YES];
+    [window_.get() setCollectionBehavior:NSWindowCollectionBehaviorFullScreenNone];
     [window_.get() setBackgroundColor:toNSColor(paper())];
     if ([window_.get() respondsToSelector:@selector(setAppearance:)]) {
         // The colours are for light paper, also on a dark desktop.

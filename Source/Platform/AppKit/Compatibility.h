@@ -56,6 +56,7 @@
 #define NSEventTypeLeftMouseDown NSLeftMouseDown
 #define NSEventTypeKeyDown NSKeyDown
 #define NSEventTypeKeyUp NSKeyUp
+#define NSWindowCollectionBehaviorFullScreenNone NSUInteger(1 << 9)
 #define NSEventModifierFlagCommand NSCommandKeyMask
 
 #endif

@@ -20,6 +20,10 @@
     }
 }
 
+- (void)quickLookWithEvent:(NSEvent*)event {
+    // Nothing is looked up: closing the window that shows it would end the program.
+}
+
 @end
 
 namespace Vexora {

@@ -6,12 +6,12 @@
 #include "Platform/AppKit/Handler.h"
 #include "Platform/AppKit/InterfaceLoader.h"
 #include "Platform/AppKit/MainQueue.h"
+#include "Platform/AppKit/Queues.h"
 #include "Platform/AppKit/SystemLog.h"
 #include "Platform/AppKit/Views.h"
 #include "Platform/AppKit/Workspace.h"
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Posix/ProcessLauncher.h"
-#include "Platform/Posix/Queues.h"
 #include "Platform/Posix/Start.h"
 
 namespace Vexora {
@@ -42,7 +42,7 @@ struct Backend::Parts {
     PosixFileSystem files;
     PosixProcessLauncher processes;
     PosixClock clock;
-    PosixBackgroundQueue backgroundQueue;
+    AppKitBackgroundQueue backgroundQueue;
     AppKitSystemLog systemLog;
     AppKitApplication application;
     AppKitInterfaceLoader interfaces{environment};

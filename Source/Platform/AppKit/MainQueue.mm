@@ -1,6 +1,7 @@
 #include "Platform/AppKit/MainQueue.h"
 
 #include "Platform/AppKit/Handler.h"
+#include "Platform/AppKit/Queues.h"
 
 namespace Vexora {
 namespace {
@@ -14,11 +15,15 @@ NSArray* everyMode() {
 } // namespace
 
 void AppKitMainQueue::async(std::function<void()> block) {
+#ifdef GNUSTEP
     const AutoreleaseScope scope;
     [makeHandler(std::move(block)).get() performSelectorOnMainThread:@selector(handle:)
                                                           withObject:nil
                                                        waitUntilDone:NO
                                                                modes:everyMode()];
+#else
+    dispatch(dispatch_get_main_queue(), std::move(block));
+#endif
 }
 
 void AppKitMainQueue::after(double seconds, std::function<void()> block) {

@@ -110,9 +110,10 @@ inline void renewKeyViewLoop(NSWindow* window) {
 #if __has_feature(objc_arc)
 inline void retain(id) {}
 inline void release(id) {}
-inline id newAutoreleasePool() {
-    return nil;
-}
+// NOLINTBEGIN(readability-identifier-naming): the run time's names.
+extern "C" void* objc_autoreleasePoolPush();
+extern "C" void objc_autoreleasePoolPop(void* pool);
+// NOLINTEND(readability-identifier-naming)
 #else
 inline void retain(id object) {
     [object retain];
@@ -120,8 +121,11 @@ inline void retain(id object) {
 inline void release(id object) {
     [object release];
 }
-inline id newAutoreleasePool() {
+inline void* objc_autoreleasePoolPush() {
     return [[NSAutoreleasePool alloc] init];
+}
+inline void objc_autoreleasePoolPop(void* pool) {
+    [static_cast<id>(pool) release];
 }
 #endif
 
@@ -159,17 +163,16 @@ Kind* as(id object) {
     return [object isKindOfClass:[Kind class]] ? object : nil;
 }
 
-/// Has objects of the call released at its end, on threads without an event loop to do so. Where
-/// references are counted automatically there is nothing left to do.
+/// Has objects of the call released at its end, on threads without an event loop to do so.
 class AutoreleaseScope {
 public:
     AutoreleaseScope() = default;
     AutoreleaseScope(const AutoreleaseScope&) = delete;
     AutoreleaseScope& operator=(const AutoreleaseScope&) = delete;
-    ~AutoreleaseScope() { release(pool_); }
+    ~AutoreleaseScope() { objc_autoreleasePoolPop(pool_); }
 
 private:
-    id pool_ = newAutoreleasePool();
+    void* pool_ = objc_autoreleasePoolPush();
 };
 
 } // namespace Vexora

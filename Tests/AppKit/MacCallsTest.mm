@@ -323,12 +323,20 @@ TEST_F(MacScript, failsWithoutAResult) {
     macCalls().scriptsSucceed = false;
     EXPECT_FALSE(script.execute("beep"));
     EXPECT_EQ(macCalls().scripts, std::vector<std::string>{"beep"});
+    EXPECT_EQ(macCalls().freshErrors, 1U);
 }
 
-TEST_F(MacScript, runsOnAnotherThread) {
+TEST_F(MacScript, runsOnAnotherThreadAndLeavesNothingThere) {
     bool succeeded = false;
-    std::thread([&] { succeeded = script.execute("beep"); }).join();
+    int left = -1;
+    const BOOL counted = GSDebugAllocationActive(YES);
+    std::thread([&] {
+        succeeded = script.execute("beep");
+        left = GSDebugAllocationCount([NSAppleScript class]);
+    }).join();
+    GSDebugAllocationActive(counted);
     EXPECT_TRUE(succeeded);
+    EXPECT_EQ(left, 0);
     EXPECT_EQ(macCalls().scripts, std::vector<std::string>{"beep"});
 }
 

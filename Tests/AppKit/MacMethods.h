@@ -37,6 +37,8 @@ struct RecordedCalls {
     std::vector<std::string> scripts;
     /// Whether the next scripts run without an error.
     bool scriptsSucceed = true;
+    /// How many of them were given an empty dictionary for errors.
+    std::size_t freshErrors = 0;
     /// Whether the user asks for contrast.
     bool contrast = false;
 };

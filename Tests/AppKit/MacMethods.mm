@@ -81,6 +81,7 @@ std::map<id, std::string> sources;
 - (id)executeAndReturnError:(NSDictionary**)error {
     AppKitTest::RecordedCalls& calls = AppKitTest::macCalls();
     calls.scripts.push_back(sources.at(self));
+    calls.freshErrors += *error != nil && [*error count] == 0 ? 1U : 0U;
     if (calls.scriptsSucceed) {
         return self;
     }

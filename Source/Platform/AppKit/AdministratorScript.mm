@@ -11,7 +11,7 @@ bool AppKitAdministratorScript::execute(const std::string& source) {
     }
     const Strong<NSAppleScript> script =
         adopt<NSAppleScript>([[NSAppleScript alloc] initWithSource:toNSString(source)]);
-    NSDictionary* error = nil;
+    NSDictionary* error = [NSDictionary dictionary];
     return [script.get() executeAndReturnError:&error] != nil;
 }
 

@@ -67,6 +67,15 @@
 
 namespace Vexora {
 
+/// The user's home folder; null for GNUstep's, which does not heed the environment.
+inline NSString* homeFolder() {
+#ifdef GNUSTEP
+    return nil;
+#else
+    return NSHomeDirectory();
+#endif
+}
+
 /// Where the bundle keeps its resources. GNUstep takes the folder of the program for the bundle.
 inline NSString* bundleResourcePath() {
 #ifdef GNUSTEP

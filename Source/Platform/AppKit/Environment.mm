@@ -6,7 +6,8 @@
 namespace Vexora {
 
 std::string AppKitEnvironment::homeDirectory() {
-    return posixHomeDirectory();
+    const AutoreleaseScope scope;
+    return homeFolder() == nil ? posixHomeDirectory() : toUtf8(homeFolder());
 }
 
 std::string AppKitEnvironment::resourcePath() {

@@ -3,6 +3,7 @@
 // promises AppleScript for the main thread alone.
 #pragma once
 
+#include "Platform/AppKit/Conversions.h"
 #include "Platform/Services.h"
 
 namespace Vexora {
@@ -11,7 +12,16 @@ class AppKitAdministratorScript : public AdministratorScript {
 public:
     /// Waits for the script, the password prompt included. Where the system has no AppleScript,
     /// nothing runs and the result is false.
-    bool execute(const std::string& source) override;
+    bool execute(const std::string& source) override {
+        const AutoreleaseScope scope;
+        if (![NSAppleScript instancesRespondToSelector:@selector(executeAndReturnError:)]) {
+            return false;
+        }
+        const Strong<NSAppleScript> script =
+            adopt<NSAppleScript>([[NSAppleScript alloc] initWithSource:toNSString(source)]);
+        NSDictionary* error = [NSDictionary dictionary];
+        return [script.get() executeAndReturnError:&error] != nil;
+    }
 };
 
 } // namespace Vexora

@@ -2,6 +2,7 @@
 // Main thread only.
 #pragma once
 
+#include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Handler.h"
 #include "Platform/Application.h"
 
@@ -14,13 +15,13 @@ public:
     AppKitWindow();
     AppKitWindow(const AppKitWindow&) = delete;
     AppKitWindow& operator=(const AppKitWindow&) = delete;
-    ~AppKitWindow() override;
+    ~AppKitWindow() override { [window() orderOut:nil]; }
 
     /// Shows the root view of the content as the whole of the window.
     /// \param content a pane.
     void setContent(NSView* content);
 
-    void setTitle(const std::string& title) override;
+    void setTitle(const std::string& title) override { [window() setTitle:toNSString(title)]; }
     void center() override { [window() center]; }
 
     NSWindow* window() const { return window_.get(); }
@@ -34,7 +35,9 @@ public:
     AppKitApplication() = default;
     AppKitApplication(const AppKitApplication&) = delete;
     AppKitApplication& operator=(const AppKitApplication&) = delete;
-    ~AppKitApplication() override;
+    ~AppKitApplication() override {
+        [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
+    }
 
     AppKitWindow& mainWindow() { return mainWindow_; }
 

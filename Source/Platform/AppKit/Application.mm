@@ -1,11 +1,11 @@
 #include "Platform/AppKit/Application.h"
 
 #include "Platform/AppKit/Accessibility.h"
-#include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/Pane.h"
 #include "Platform/AppKit/TextLabel.h"
 
 #include <cmath>
+#include <map>
 
 /// A window without a menu bar above it: it answers the usual keys by itself.
 @interface VexoraWindow : NSWindow
@@ -14,27 +14,14 @@
 @implementation VexoraWindow
 
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
-    if (([event modifierFlags] & NSEventModifierFlagCommand) != 0) {
-        // With the Command key a keyboard of any script gives Latin letters.
-        NSString* const key = [event characters];
-        if ([key isEqualToString:@"w"] || [key isEqualToString:@"q"]) {
-            [self performClose:self];
-            return YES;
-        }
-        if ([key isEqualToString:@"c"]) {
-            return [NSApp sendAction:@selector(copy:) to:nil from:self];
-        }
-        if ([key isEqualToString:@"m"]) {
-            [self performMiniaturize:self];
-            return YES;
-        }
-        if ([key isEqualToString:@"h"]) {
-            [NSApp hide:self];
-            return YES;
-        }
-        if ([key isEqualToString:@"a"]) {
-            return [NSApp sendAction:@selector(selectAll:) to:nil from:self];
-        }
+    static const std::map<std::string, SEL> actions{
+        {"w", @selector(performClose:)}, {"q", @selector(performClose:)},
+        {"c", @selector(copy:)},         {"a", @selector(selectAll:)},
+        {"h", @selector(hide:)},         {"m", @selector(performMiniaturize:)}};
+    // With the Command key a keyboard of any script gives Latin letters.
+    const auto action = actions.find(Vexora::toUtf8([event characters]));
+    if (([event modifierFlags] & NSEventModifierFlagCommand) != 0 && action != actions.end()) {
+        return [NSApp sendAction:action->second to:nil from:self];
     }
     // A link that has the focus takes Return before the default button does.
     VexoraTextLabel* const link = Vexora::as<VexoraTextLabel>([self firstResponder]);
@@ -90,10 +77,6 @@ AppKitWindow::AppKitWindow()
     }
 }
 
-AppKitWindow::~AppKitWindow() {
-    [window_.get() orderOut:nil];
-}
-
 void AppKitWindow::setContent(NSView* content) {
     const NSSize size = [content frame].size;
     [window_.get() setContentSize:size];
@@ -102,14 +85,6 @@ void AppKitWindow::setContent(NSView* content) {
     [as<VexoraPane>([window_.get() contentView]) addPane:as<VexoraPane>(content)
                                               positioned:Ordering::Above];
     [window_.get() setInitialFirstResponder:as<NSView>([window_.get() firstResponder])];
-}
-
-void AppKitWindow::setTitle(const std::string& title) {
-    [window_.get() setTitle:toNSString(title)];
-}
-
-AppKitApplication::~AppKitApplication() {
-    [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
 }
 
 void AppKitApplication::onWindowWillClose(std::function<void()> handler) {

@@ -9,7 +9,7 @@
 struct VexoraFunction;
 
 @interface VexoraHandler : NSObject {
-@private
+@public
     std::unique_ptr<VexoraFunction> function;
 }
 /// Calls the function.

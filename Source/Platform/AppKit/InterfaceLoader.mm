@@ -16,10 +16,9 @@ namespace {
 
 /// The definition at that path; null when there is none that can be read.
 NSDictionary* definitionAt(const std::string& path) {
-    NSData* data = dataOfFile(path);
-    id definition =
-        data == nil ? nil : [NSJSONSerialization JSONObjectWithData:data options:0 error:nullptr];
-    return [definition isKindOfClass:[NSDictionary class]] ? definition : nil;
+    NSData* const data = dataOfFile(path);
+    return as<NSDictionary>(
+        data == nil ? nil : [NSJSONSerialization JSONObjectWithData:data options:0 error:nullptr]);
 }
 
 /// Not every system answers a message to nothing with the number 0.

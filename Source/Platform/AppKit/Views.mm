@@ -50,10 +50,8 @@ void WidgetOwner::addChild(View& child, Ordering ordering) {
 }
 
 void WidgetOwner::removeChild(View& child) {
-    VexoraPane* const pane = as<VexoraPane>(widget_.get());
-    VexoraPane* const removed = paneOf(child);
-    if (pane != nil && removed != nil) {
-        [pane removePane:removed];
+    if (VexoraPane* const removed = paneOf(child)) {
+        [as<VexoraPane>(widget_.get()) removePane:removed];
     }
 }
 

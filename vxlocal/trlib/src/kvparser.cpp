@@ -23,18 +23,13 @@ class File {
 public:
     explicit File(const std::string& path)
         : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-        if (isOpen()) {
-            fstat(descriptor_, &status_);
-            fcntl(descriptor_, F_SETFL, O_RDONLY);
-        }
+        // Without a file these only fail, as close() does.
+        fstat(descriptor_, &status_);
+        fcntl(descriptor_, F_SETFL, O_RDONLY);
     }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    ~File() {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
-        }
-    }
+    ~File() { close(descriptor_); }
 
     bool isOpen() const { return descriptor_ >= 0 && !S_ISFIFO(status_.st_mode); }
 
@@ -54,8 +49,8 @@ public:
                 bytes.resize(used);
                 return bytes;
             } else if (errno != EINTR) {
-                const std::size_t lastEnd = std::string_view(bytes.data(), used).rfind('\n');
-                bytes.resize(lastEnd == std::string_view::npos ? 0 : lastEnd + 1);
+                // One more than nowhere is nothing.
+                bytes.resize(std::string_view(bytes.data(), used).rfind('\n') + 1);
                 return bytes;
             }
         }

@@ -105,7 +105,8 @@ std::string unescape(const std::string& text) {
     std::string plain;
     plain.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\\' && i + 1 < text.size()) {
+        if (text[i] == '\\') {
+            // Behind the last one stands the string's zero, which is no letter.
             plain += unescapedByte(text[++i]);
         } else {
             plain += text[i];

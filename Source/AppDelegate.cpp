@@ -5,8 +5,7 @@ namespace Vexora {
 void AppDelegate::applicationDidFinishLaunching() {
     Application& application = platform_.application;
     application.activateIgnoringOtherApps();
-    const auto windows = application.windows();
-    if (!windows.empty()) {
+    if (const auto windows = application.windows(); !windows.empty()) {
         windows.front()->center();
     }
     application.onWindowWillClose([this] { onWindowClose(); });

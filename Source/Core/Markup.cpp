@@ -22,7 +22,7 @@ std::vector<std::string_view> piecesOf(std::string_view text, std::string_view s
 /// The opening tag with "/" behind its first character, which may take several bytes.
 std::string closingTagOf(const std::string& separator) {
     std::size_t end = 1;
-    while (end < separator.size() && (separator[end] & '\xC0') == '\x80') {
+    while ((separator[end] & '\xC0') == '\x80') {
         ++end;
     }
     return std::string(separator).insert(end, 1, '/');
@@ -57,10 +57,11 @@ std::string removeTags(const std::string& text) {
     while (position < text.size()) {
         std::size_t end = position + 1;
         if (text[position] == '<') {
-            while (end < text.size() && isTagCharacter(text[end])) {
+            // The zero behind the text ends it too.
+            while (isTagCharacter(text[end])) {
                 ++end;
             }
-            if (end < text.size() && text[end] == '>') {
+            if (text[end] == '>') {
                 position = end + 1;
                 continue;
             }

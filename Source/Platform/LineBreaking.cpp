@@ -48,7 +48,7 @@ double costOfEnd(std::u16string_view text, std::size_t place) {
 std::vector<TextRange> keptTogether(std::u16string_view text, std::span<const TextRange> marked) {
     std::vector<TextRange> kept(marked.begin(), marked.end());
     for (std::size_t at = text.find(makersName); at != std::u16string_view::npos;
-         at = text.find(makersName, at + 1)) {
+         at = text.find(makersName, at + makersName.size())) {
         const bool whole = text.substr(at).starts_with(productName);
         kept.push_back({at, at + (whole ? productName : makersName).size()});
     }
@@ -77,7 +77,7 @@ std::vector<std::size_t> lineEnds(std::u16string_view text, std::span<const Text
     // For so many pieces from the first on: the least that their lines cost, and how many of them
     // stand above the last line.
     std::vector<double> least(pieces.size() + 1, std::numeric_limits<double>::infinity());
-    std::vector<std::size_t> above(pieces.size() + 1, 0);
+    std::vector<std::size_t> above(pieces.size() + 1);
     least.front() = 0.0;
     for (std::size_t end = 1; end <= pieces.size(); ++end) {
         double width = -pieces[end - 1].blank;
@@ -89,7 +89,7 @@ std::vector<std::size_t> lineEnds(std::u16string_view text, std::span<const Text
             }
             letters += pieces[start].letters;
             const double cost = least[start] + anyLine + width * width / (room * room) +
-                                costs[end - 1] + (letters < 2 ? tears : 0.0);
+                                costs[end - 1] + tears * static_cast<double>(letters < 2);
             if (cost < least[end]) {
                 least[end] = cost;
                 above[end] = start;

@@ -60,6 +60,7 @@ TEST(LineBreaking, setsFewLinesOfLikeLength) {
             {u"one line", 10, u"one line/"},
             {u"one two three", 10, u"one two /three/"},
             {u"aaaa aaaa aaaa aaaa", 14, u"aaaa aaaa /aaaa aaaa/"},
+            {u"aaaa aaaa aaaa", 9, u"aaaa aaaa /aaaa/"},
             {u"one\u2028two", 10, u"one\u2028/two/"},
             {u"a bbbbbbbbbbbb c", 10, u"a /bbbbbbbbbbbb /c/"}});
 }
@@ -73,7 +74,8 @@ TEST(LineBreaking, tearsNeitherANameNorMarkedWords) {
              u"Ondrel Vexora, aa aaaaa /Ondrel Vexora aaaaaaaaaaaaaaaaa/"},
             {u"<aa to Ondrel Vexora Lumiq>", 20, u"aa to /Ondrel Vexora Lumiq/"},
             {u"agree to <the terms> of it", 13, u"agree to /the terms /of it/"},
-            {u"ああああ<開始>に", 5, u"ああああ/開始に/"}});
+            {u"ああああ<開始>に", 5, u"ああああ/開始に/"},
+            {u"<安装失>败安装", 4, u"安装失/败安装/"}});
 }
 
 TEST(LineBreaking, tearsANameThatNoLineHolds) {
@@ -83,13 +85,20 @@ TEST(LineBreaking, tearsANameThatNoLineHolds) {
 TEST(LineBreaking, endsLinesBetweenPhrases) {
     expect({{u"aa, aaa aa aaa aaaa", 14, u"aa, aaa aa /aaa aaaa/"},
             {u"aaaaa. aaa aaa", 11, u"aaaaa. /aaa aaa/"},
+            {u"aaa, aaaaa aaaa", 11, u"aaa, /aaaaa aaaa/"},
+            {u"aa, aaaa aaaa aaa", 13, u"aa, aaaa /aaaa aaa/"},
+            {u"aa aaaa安装失败", 10, u"aa /aaaa安装失败/"},
+            {u"安装ぁ失败失败", 5, u"安装ぁ/失败失败/"},
+            {u"安装ゟ失败失败", 5, u"安装ゟ/失败失败/"},
             {u"已存在安装。移除安装权限。", 9, u"已存在安装。/移除安装权限。/"},
             {u"新しいバージョンのソフトを", 9, u"新しいバージョンの/ソフトを/"},
             {u"Lumiq を開始する", 8, u"Lumiq を/開始する/"}});
 }
 
 TEST(LineBreaking, leavesNoCharacterAlone) {
-    expect({{u"失败失败。了", 5, u"失败失/败。了/"}, {u"aaaa aaaa a", 9, u"aaaa /aaaa a/"}});
+    expect({{u"失败失败。了", 5, u"失败失/败。了/"},
+            {u"失败失败，失败", 6, u"失败失败，/失败/"},
+            {u"aaaa aaaa a", 9, u"aaaa /aaaa a/"}});
 }
 
 } // namespace

@@ -19,6 +19,14 @@ protected:
     Vexora::ProgressModel model;
 };
 
+TEST(ProgressModelAtFirst, movesNothing) {
+    const Vexora::ProgressModel untouched;
+    EXPECT_EQ(untouched.increment, 0.0);
+    EXPECT_EQ(untouched.base, 0.0);
+    EXPECT_EQ(untouched.exponent, 0.0);
+    EXPECT_FALSE(untouched.successfulInstall);
+}
+
 TEST_F(ProgressModel, resetSetsTheValuesThatHoldBeforeTheFirstTick) {
     model.base = 7.0;
     model.exponent = 7.0;

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace QtTest {
@@ -188,6 +189,22 @@ TEST_F(TextLabel, paintsARunInItsColourBehindLinesThatEndInAWord) {
     }
     EXPECT_GT(red.width(), word / 2);
     EXPECT_GT(red.top(), inked(image).height() / 2);
+}
+
+TEST_F(TextLabel, paintsARunInItsColourThroughLinesThatEndInAWord) {
+    StyledText text;
+    text.append({"失败失败失败", {}, Vexora::Color{1.0, 0.0, 0.0, 1.0}});
+    label.setStyledText(text);
+    fitTo(label.sizeHint().width() / 3 + 10);
+    ASSERT_GT(label.height(), 3 * label.fontMetrics().height());
+    const QImage image = painted();
+    int least = 255;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            least = std::min(least, image.pixelColor(x, y).red());
+        }
+    }
+    EXPECT_GT(least, 200);
 }
 
 TEST_F(TextLabel, centresWhenTheTextSaysSo) {

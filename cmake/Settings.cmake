@@ -18,7 +18,7 @@ endif()
 
 option(VEXORA_BUILD_TESTS "Build the tests" OFF)
 option(VEXORA_BUILD_DESKTOP_TESTS "Without the other tests, those that drive the program" OFF)
-option(VEXORA_BUILD_GALLERY "With the tests, the gallery of all screens and the preview of strings files" OFF)
+option(VEXORA_BUILD_GALLERY "Build the gallery of all screens and the preview of strings files" OFF)
 option(VEXORA_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(VEXORA_BUILD_FUZZERS "Build the fuzzers, which take clang" OFF)
 option(VEXORA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)

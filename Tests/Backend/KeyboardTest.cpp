@@ -174,6 +174,24 @@ TEST_F(Keyboard, successUnderTheLicenseTakesTheFocusOnceItShows) {
     EXPECT_EQ(focused(), "installLabel");
 }
 
+TEST_F(Keyboard, successAsTheLicenseIsLeftTakesTheFocus) {
+    enter(State::LicenseOnInstall);
+    content->licenseView()->backAction();
+    content->installView()->switchToSuccessView();
+    FrontEnd::settle();
+    EXPECT_EQ(focused(), "installLabel");
+}
+
+TEST_F(Keyboard, failureAsTheLicenseIsLeftGivesCloseTheFocus) {
+    enter(State::LicenseOnInstall);
+    content->licenseView()->backAction();
+    content->installView()->switchToFailView(30);
+    FrontEnd::settle();
+    EXPECT_EQ(focused(), "closeButton");
+    press(Key::Return);
+    EXPECT_EQ(application.exits, std::vector<int>{0});
+}
+
 TEST_F(Keyboard, escapeOutsideTheLicenseDoesNothing) {
     openWindow();
     press(Key::Escape);

@@ -92,10 +92,10 @@
 }
 
 - (void)giveFocus:(NSView*)control andReturn:(NSButton*)button {
-    if ([control isHiddenOrHasHiddenAncestor]) {
-        focusBeforeCover = control;
-        defaultBeforeCover = [button cell];
-    } else {
+    // What waits to be restored is older.
+    focusBeforeCover = control;
+    defaultBeforeCover = [button cell];
+    if (![control isHiddenOrHasHiddenAncestor]) {
         [[self window] makeFirstResponder:control];
         [self setDefaultCell:[button cell]];
     }

@@ -34,10 +34,10 @@ void Pane::addPane(Pane* pane, Ordering ordering) {
 }
 
 void Pane::giveFocus(QWidget* control) {
+    // What waits to be restored is older.
+    focusBeforeCover_ = control;
     if (control->isVisible()) {
         control->setFocus(Qt::OtherFocusReason);
-    } else {
-        focusBeforeCover_ = control;
     }
 }
 

@@ -1,5 +1,5 @@
-# vexora_info_plist(OUTPUT NAME text VERSION text MINIMUM_SYSTEM text FONTS [folder] LANGUAGES code...): writes the
-# Info.plist of the bundle.
+# vexora_info_plist(OUTPUT IDENTIFIER text NAME text VERSION text MINIMUM_SYSTEM text FONTS [folder] LANGUAGES code...):
+# writes the Info.plist of the bundle.
 #
 # The light look of the window is set where the window is made, and for the window alone; the list has no
 # NSRequiresAquaSystemAppearance, which would be a second place for it and is meant for a transition. There is no
@@ -13,12 +13,13 @@ function(vexora_escape_xml variable)
 endfunction()
 
 function(vexora_info_plist output)
-  cmake_parse_arguments(PARSE_ARGV 1 given "" "NAME;VERSION;MINIMUM_SYSTEM" "FONTS;LANGUAGES")
+  cmake_parse_arguments(PARSE_ARGV 1 given "" "IDENTIFIER;NAME;VERSION;MINIMUM_SYSTEM" "FONTS;LANGUAGES")
+  set(identifier "${given_IDENTIFIER}")
   set(name "${given_NAME}")
   set(version "${given_VERSION}")
   set(minimum_system "${given_MINIMUM_SYSTEM}")
   set(fonts "${given_FONTS}")
-  foreach(text IN ITEMS name version minimum_system fonts)
+  foreach(text IN ITEMS identifier name version minimum_system fonts)
     vexora_escape_xml(${text})
   endforeach()
 

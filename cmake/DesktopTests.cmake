@@ -13,6 +13,7 @@ function(add_desktop_tests prefix timeout)
     ENVIRONMENT
       "PYTHONPATH=${PROJECT_SOURCE_DIR}/Tools/Driver:${paths}"
       "VEXORA_STAGE=$<TARGET_FILE_DIR:vexora-one-click-installer>"
+      "VEXORA_IDENTIFIER=${VEXORA_IDENTIFIER}"
       "VEXORA_SOURCE=${PROJECT_SOURCE_DIR}"
       "VEXORA_BUILD=${CMAKE_BINARY_DIR}"
       "VEXORA_HELP=${VEXORA_TROUBLESHOOTING_URL}")

@@ -48,6 +48,12 @@ if(NOT VEXORA_TROUBLESHOOTING_URL MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[
     "but is \"${VEXORA_TROUBLESHOOTING_URL}\".")
 endif()
 
+# Under this name desktops know the program, its window, its icon and its entry in the menu.
+set(VEXORA_IDENTIFIER com.ondrel.vexora.lumiq.setup)
+
+set(VEXORA_HOMEPAGE "https://ondrel-vexora.example/lumiq"
+    CACHE STRING "Address of the product's page, which packages name; below it, pictures/ holds those of docs/pictures")
+
 set(VEXORA_SIGNING_IDENTITY "-"
     CACHE STRING "Certificate in the keychain that signs what ships for macOS; - signs ad hoc")
 set(VEXORA_NOTARY_PROFILE ""

@@ -1,7 +1,12 @@
 """Unusual folders and incomplete resources."""
 
+import os
+import subprocess
+
 from case import DesktopTestCase
 from desktop import wait_until
+
+IDENTIFIER = os.environ["VEXORA_IDENTIFIER"]
 
 
 class FoldersTest(DesktopTestCase):
@@ -65,6 +70,19 @@ class StartTest(DesktopTestCase):
         installer = self.launch_by(stage, 'ulimit -f 0; exec "$1"', language="de_DE.UTF-8")
         self.assertEqual(installer.window.name, "Ondrel Vexora Lumiq Setup")
         self.assertEqual(stage.log_text(), "")
+
+
+class IdentifierTest(DesktopTestCase):
+    """What a desktop knows the window by."""
+
+    def test_window_names_the_entry_of_the_menu(self):
+        installer = self.launch(self.stage("exit 0"))
+        window = self.desktop.xdotool("getactivewindow").strip()
+        properties = subprocess.run(["xprop", "-id", window, "WM_CLASS"], env=self.desktop.environment, check=True,
+                                    stdout=subprocess.PIPE, text=True).stdout
+        self.assertEqual(properties, f'WM_CLASS(STRING) = "vexora-one-click-installer", "{IDENTIFIER}"\n')
+        # To assistive tools the program keeps its name.
+        self.assertEqual(installer.window.getApplication().name, "vexora-one-click-installer")
 
 
 class MissingResourcesTest(DesktopTestCase):

@@ -1,10 +1,14 @@
 """The program on a desktop without X."""
 
+import os
+import re
 import signal
 
 from case import DesktopTestCase
 from desktop import wait_until
 from installer import Installer
+
+IDENTIFIER = os.environ["VEXORA_IDENTIFIER"]
 
 
 class Compositor:
@@ -47,6 +51,12 @@ class WaylandTest(DesktopTestCase):
         installer.press(installer.find("push button", "Start"))
         installer.find("label", "Installation completed!")
         self.assert_ends_well(installer, lambda: installer.press(installer.find("push button", "Close")))
+
+    def test_window_names_the_entry_of_the_menu(self):
+        compositor = Compositor(self.desktop)
+        compositor.environment["WAYLAND_DEBUG"] = "1"
+        installer = self.launch_on(compositor, self.stage())
+        self.assertIn(IDENTIFIER, re.findall(r'\.set_app_id\("([^"]*)"\)', installer.output()))
 
     def test_fits_a_small_screen(self):
         installer = self.launch_on(Compositor(self.desktop), self.stage("exit 30"))

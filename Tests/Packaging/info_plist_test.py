@@ -72,7 +72,9 @@ class InfoPlistTextsTest(PackagingTestCase):
 
     def test_texts_arrive_as_they_are(self):
         name = 'Vexora & Söhne <"x"> &amp; @version@ a;b'
-        values = self.made(f"NAME [==[{name}]==] VERSION [==[1<2]==] MINIMUM_SYSTEM [==[a>b]==] LANGUAGES [==[<&>]==]")
+        values = self.made(f"IDENTIFIER a.b NAME [==[{name}]==] VERSION [==[1<2]==] MINIMUM_SYSTEM [==[a>b]==] "
+                           "LANGUAGES [==[<&>]==]")
+        self.assertEqual(values["CFBundleIdentifier"], "a.b")
         self.assertEqual(values["CFBundleName"], name)
         self.assertEqual(values["CFBundleDisplayName"], name)
         self.assertEqual(values["CFBundleVersion"], "1<2")

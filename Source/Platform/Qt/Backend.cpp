@@ -32,7 +32,7 @@ struct Desktop {
         : toolkit(argumentCount, argv), wishes(wishesIn(QApplication::palette())) {
         QApplication::setStyle(style);
         style->heed(wishes);
-        QApplication::setDesktopFileName("vexora-one-click-installer");
+        QApplication::setDesktopFileName(VEXORA_IDENTIFIER);
         QIcon icon;
         for (const int size : {32, 64}) {
             icon.addPixmap(readPicture(resources + "/vexora-one-click-installer-" +
@@ -113,6 +113,10 @@ int Backend::run(View& content, const std::function<void()>& didFinishLaunching)
     }
     askForWishes(QDBusConnection::sessionBus(), parts_->desktop.wishes,
                  [this](const Wishes& wishes) { parts_->desktop.style->heed(wishes); });
+    // X11 takes the identifier from the application's name, once; to assistive tools the name stays the program's own.
+    QApplication::setApplicationName(VEXORA_IDENTIFIER);
+    window.winId();
+    QApplication::setApplicationName({});
     window.show();
     didFinishLaunching();
     return QApplication::exec();

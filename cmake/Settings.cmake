@@ -42,17 +42,16 @@ endif()
 
 set(VEXORA_TROUBLESHOOTING_URL "https://support.ondrel-vexora.example/lumiq/troubleshooting"
     CACHE STRING "Address of the troubleshooting page; must be an https address")
-if(NOT VEXORA_TROUBLESHOOTING_URL MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ ;\"\\]*)?$")
-  message(FATAL_ERROR
-    "VEXORA_TROUBLESHOOTING_URL must be an https address without blanks or quotes, "
-    "but is \"${VEXORA_TROUBLESHOOTING_URL}\".")
-endif()
+set(VEXORA_HOMEPAGE "https://ondrel-vexora.example/lumiq"
+    CACHE STRING "Address of the product's page, which packages name; below it, pictures/ holds those of docs/pictures")
+foreach(address IN ITEMS VEXORA_TROUBLESHOOTING_URL VEXORA_HOMEPAGE)
+  if(NOT ${address} MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ ;\"\\]*)?$")
+    message(FATAL_ERROR "${address} must be an https address without blanks or quotes, but is \"${${address}}\".")
+  endif()
+endforeach()
 
 # Under this name desktops know the program, its window, its icon and its entry in the menu.
 set(VEXORA_IDENTIFIER com.ondrel.vexora.lumiq.setup)
-
-set(VEXORA_HOMEPAGE "https://ondrel-vexora.example/lumiq"
-    CACHE STRING "Address of the product's page, which packages name; below it, pictures/ holds those of docs/pictures")
 
 set(VEXORA_SIGNING_IDENTITY "-"
     CACHE STRING "Certificate in the keychain that signs what ships for macOS; - signs ad hoc")

@@ -49,3 +49,9 @@ class SettingsTest(PackagingTestCase):
         result = self.settings(SIGNING_IDENTITY="")
         self.assertNotEqual(result.returncode, 0)
         self.assertIn("VEXORA_SIGNING_IDENTITY must name a certificate", " ".join(result.stderr.split()))
+
+    def test_refuses_an_address_that_is_not_https(self):
+        for name in ("VEXORA_TROUBLESHOOTING_URL", "VEXORA_HOMEPAGE"):
+            result = self.settings(**{name.removeprefix("VEXORA_"): "http://a.example"})
+            self.assertNotEqual(result.returncode, 0)
+            self.assertIn(f"{name} must be an https address", " ".join(result.stderr.split()))

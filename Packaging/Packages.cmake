@@ -1,14 +1,19 @@
-# What ships: the stage as a whole, as a disk image with the bundle on macOS, otherwise as an archive.
+# What ships, all from one staging definition: the stage as a whole. On macOS that is the bundle, packed as a disk image.
+# For Linux a system's package and a portable archive add what Linux.cmake names.
 #
 # The scripts that CPack runs see variables that start with CPACK_, and no others.
 
-install(DIRECTORY "${VEXORA_STAGE}/" DESTINATION . USE_SOURCE_PERMISSIONS)
+set(destination .)
+if(VEXORA_BACKEND STREQUAL "qt")
+  set(destination lib/vexora-one-click-installer)
+endif()
+install(DIRECTORY "${VEXORA_STAGE}/" DESTINATION "${destination}" USE_SOURCE_PERMISSIONS COMPONENT program)
 
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}")
 set(CPACK_PACKAGE_NAME vexora-one-click-installer)
 set(CPACK_PACKAGE_VENDOR "Ondrel Vexora")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "The one-click installer of Ondrel Vexora Lumiq")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "One-click installer of Ondrel Vexora Lumiq")
 
 if(APPLE AND VEXORA_BACKEND STREQUAL "appkit")
   set(CPACK_GENERATOR DragNDrop)
@@ -22,6 +27,8 @@ if(APPLE AND VEXORA_BACKEND STREQUAL "appkit")
   set(CPACK_VEXORA_BUNDLE "${VEXORA_BUNDLE}")
   set(CPACK_VEXORA_SIGNING_IDENTITY "${VEXORA_SIGNING_IDENTITY}")
   set(CPACK_VEXORA_NOTARY_PROFILE "${VEXORA_NOTARY_PROFILE}")
+elseif(VEXORA_BACKEND STREQUAL "qt")
+  include("${CMAKE_CURRENT_LIST_DIR}/Linux.cmake")
 else()
   set(CPACK_GENERATOR TGZ)
 endif()

@@ -42,6 +42,8 @@ def archive(package):
 class PackagesTestCase(unittest.TestCase):
     """Gives every test a folder of its own, and the three packages."""
 
+    maxDiff = None
+
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)

@@ -53,6 +53,13 @@ endforeach()
 # Under this name desktops know the program, its window, its icon and its entry in the menu.
 set(VEXORA_IDENTIFIER com.ondrel.vexora.lumiq.setup)
 
+set(VEXORA_RUN_INSTALL ""
+    CACHE STRING "Where a package installs run-install, for which rights are asked by name; empty asks for /bin/sh")
+if(NOT VEXORA_RUN_INSTALL MATCHES "^((/[A-Za-z0-9._-]+)+/run-install)?$")
+  message(FATAL_ERROR
+    "VEXORA_RUN_INSTALL must be the absolute path of a run-install, of plain letters, but is \"${VEXORA_RUN_INSTALL}\".")
+endif()
+
 set(VEXORA_SIGNING_IDENTITY "-"
     CACHE STRING "Certificate in the keychain that signs what ships for macOS; - signs ad hoc")
 set(VEXORA_NOTARY_PROFILE ""

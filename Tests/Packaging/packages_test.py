@@ -55,3 +55,11 @@ class SettingsTest(PackagingTestCase):
             result = self.settings(**{name.removeprefix("VEXORA_"): "http://a.example"})
             self.assertNotEqual(result.returncode, 0)
             self.assertIn(f"{name} must be an https address", " ".join(result.stderr.split()))
+
+    def test_takes_no_place_of_run_install_that_a_shell_could_read_otherwise(self):
+        self.assert_works(self.settings(RUN_INSTALL="/usr/lib/a_b.c-1/run-install"))
+        for path in ("run-install", "/run-installer", "/usr/lib/install", "/my lib/run-install", "/a'/run-install",
+                     "/$HOME/run-install", "//run-install", "/a\n/run-install"):
+            result = self.settings(RUN_INSTALL=path)
+            self.assertNotEqual(result.returncode, 0, path)
+            self.assertIn("VEXORA_RUN_INSTALL must be the absolute path", " ".join(result.stderr.split()))

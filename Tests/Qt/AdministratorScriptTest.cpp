@@ -248,6 +248,21 @@ TEST_P(QtAdministratorScript, givesPkexecItsOwnEnvironmentAndTheCommand) {
                   "><-c><" + resources("My\\ Disk") + "/install true>");
 }
 
+TEST_P(QtAdministratorScript, asksForRunInstallWithTheLineAloneWhereThereIsOne) {
+    const std::string runInstall = folder_.path() / "run-install";
+    Vexora::QtAdministratorScript byName{
+        processes_, systemLog_, {folder_.path() / "pkexec", folder_.path() / "sh", runInstall}};
+    for (const int status : {0, 64}) {
+        writeProgram("run-install", "exit " + std::to_string(status));
+        EXPECT_EQ(byName.execute(administratorScriptSource("/My Disk")), status == 0);
+        EXPECT_EQ(written("asked"),
+                  "<--disable-internal-agent><" + runInstall + "></My\\ Disk/install true>");
+    }
+    forget();
+    EXPECT_FALSE(byName.execute(administratorScriptSource("/R&D")));
+    EXPECT_EQ(written("asked"), "");
+}
+
 TEST_P(QtAdministratorScript, onlyTheWordsOfPkexecReachOurErrorStream) {
     addInstall("plain", "echo noise; echo noise >&2");
     testing::internal::CaptureStdout();

@@ -44,14 +44,15 @@ bool QtAdministratorScript::execute(const std::string& source) {
         systemLog_.log("Upgrade system-wide not tried: a shell might not start install alone");
         return false;
     }
+    std::vector<std::string> words = {"--disable-internal-agent", programs_.runInstall};
+    if (programs_.runInstall.empty()) {
+        words = {words[0], programs_.shell, "-c", quietly, "sh", programs_.shell, "-c"};
+    }
+    words.push_back(*line);
     const auto environment = shellEnvironment();
     try {
-        const auto process =
-            processes_.launchProcess(programs_.pkexec,
-                                     {"--disable-internal-agent", programs_.shell, "-c", quietly,
-                                      "sh", programs_.shell, "-c", *line},
-                                     nullptr, &environment);
-        return process->waitUntilExit() == 0;
+        return processes_.launchProcess(programs_.pkexec, words, nullptr, &environment)
+                   ->waitUntilExit() == 0;
     } catch (const std::system_error&) {
         return false;
     }

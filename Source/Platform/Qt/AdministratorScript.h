@@ -17,6 +17,8 @@ public:
     struct Programs {
         std::string pkexec = "/usr/bin/pkexec";
         std::string shell = "/bin/sh";
+        /// What pkexec starts with the line alone, and so asks for by name; empty for the shell.
+        std::string runInstall = {};
     };
 
     /// The first two outlive the object.

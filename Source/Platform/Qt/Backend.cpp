@@ -55,7 +55,7 @@ struct Desktop {
 struct Backend::Parts {
     explicit Parts(char** argv)
         : desktop(argv, neededForStart(posixResourcePath)), interfaces(environment),
-          administratorScript(processes, systemLog, {}) {}
+          administratorScript(processes, systemLog, {.runInstall = VEXORA_RUN_INSTALL}) {}
 
     PosixEnvironment environment;
     PosixFileSystem files;

@@ -8,8 +8,9 @@ execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/source-date" OUTPUT_VARIABLE 
 set(contact "Ondrel Vexora <security@ondrel-vexora.example>")
 set(texts "${CMAKE_CURRENT_BINARY_DIR}/texts")
 set(templates "${CMAKE_CURRENT_LIST_DIR}/Templates")
-set(made "${texts}/${VEXORA_IDENTIFIER}.desktop" "${texts}/${VEXORA_IDENTIFIER}.metainfo.xml" "${texts}/copyright"
-         "${texts}/changelog.gz" "${texts}/vexora-one-click-installer.1.gz" "${texts}/changelog.rpm")
+set(made "${texts}/${VEXORA_IDENTIFIER}.desktop" "${texts}/${VEXORA_IDENTIFIER}.metainfo.xml"
+         "${texts}/${VEXORA_IDENTIFIER}.policy" "${texts}/copyright" "${texts}/changelog.gz"
+         "${texts}/vexora-one-click-installer.1.gz" "${texts}/changelog.rpm")
 set(sources "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/Resources/Licenses/LA_en.txt")
 get_property(languages TARGET vexora_resources PROPERTY VEXORA_LANGUAGES)
 foreach(language IN LISTS languages)
@@ -20,7 +21,8 @@ add_custom_command(
   OUTPUT ${made}
   COMMAND "${CMAKE_CURRENT_LIST_DIR}/make-texts" "${texts}" "identifier=${VEXORA_IDENTIFIER}"
           "version=${PROJECT_VERSION}" "date=${date}" "homepage=${VEXORA_HOMEPAGE}"
-          "help=${VEXORA_TROUBLESHOOTING_URL}" "contact=${contact}"
+          "help=${VEXORA_TROUBLESHOOTING_URL}" "vendor=${CPACK_PACKAGE_VENDOR}"
+          "contact=${contact}" "run_install=${VEXORA_RUN_INSTALL}"
   DEPENDS "${CMAKE_CURRENT_LIST_DIR}/make-texts" ${template_files} ${sources}
   COMMENT "Making the texts of the packages"
   VERBATIM)
@@ -34,6 +36,12 @@ install(FILES "${texts}/${VEXORA_IDENTIFIER}.desktop" DESTINATION share/applicat
 install(FILES "${texts}/${VEXORA_IDENTIFIER}.metainfo.xml" DESTINATION share/metainfo COMPONENT system)
 install(FILES "${texts}/${program}.1.gz" DESTINATION share/man/man1 COMPONENT system)
 install(FILES "${texts}/copyright" "${texts}/changelog.gz" DESTINATION "share/doc/${program}" COMPONENT system)
+if(VEXORA_RUN_INSTALL)
+  cmake_path(GET VEXORA_RUN_INSTALL PARENT_PATH VEXORA_RUN_INSTALL_FOLDER)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/run-install.in" "${CMAKE_CURRENT_BINARY_DIR}/run-install" @ONLY)
+  install(PROGRAMS "${CMAKE_CURRENT_BINARY_DIR}/run-install" DESTINATION "lib/${program}" COMPONENT system)
+  install(FILES "${texts}/${VEXORA_IDENTIFIER}.policy" DESTINATION share/polkit-1/actions COMPONENT system)
+endif()
 set(icons share/icons/hicolor)
 install(FILES "${PROJECT_SOURCE_DIR}/Resources/Artwork/${program}.svg" DESTINATION "${icons}/scalable/apps"
         RENAME "${VEXORA_IDENTIFIER}.svg" COMPONENT system)
@@ -46,7 +54,10 @@ install(FILES "${templates}/lintian-overrides" DESTINATION share/lintian/overrid
 install(PROGRAMS "${CMAKE_CURRENT_LIST_DIR}/start" DESTINATION . RENAME "${program}" COMPONENT portable EXCLUDE_FROM_ALL)
 install(FILES "${texts}/copyright" DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
 
-set(CPACK_GENERATOR DEB RPM External)
+set(CPACK_GENERATOR External)
+if(VEXORA_RUN_INSTALL)
+  set(CPACK_GENERATOR DEB RPM)
+endif()
 set(CPACK_PROJECT_CONFIG_FILE "${CMAKE_CURRENT_LIST_DIR}/Formats.cmake")
 set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/SettleTree.cmake")
 set(CPACK_VEXORA_BUILD "${CMAKE_BINARY_DIR}")
@@ -92,7 +103,7 @@ Recommends: google-noto-sans-cjk-fonts
 %define _build_id_links none
 %define __os_install_post %{nil}")
 set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION /usr/share/man /usr/share/man/man1 /usr/share/applications
-    /usr/share/metainfo /usr/share/icons /usr/share/icons/hicolor)
+    /usr/share/metainfo /usr/share/polkit-1 /usr/share/polkit-1/actions /usr/share/icons /usr/share/icons/hicolor)
 foreach(size IN ITEMS scalable 16x16 32x32 48x48 64x64 128x128 256x256 512x512)
   list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION "/usr/${icons}/${size}" "/usr/${icons}/${size}/apps")
 endforeach()

@@ -2,6 +2,7 @@
 
 import hashlib
 import os
+import re
 import subprocess
 import tarfile
 import tempfile
@@ -16,12 +17,20 @@ IDENTIFIER = os.environ["VEXORA_IDENTIFIER"]
 VERSION = os.environ["VEXORA_VERSION"]
 PROGRAM = "vexora-one-click-installer"
 HOME = f"usr/lib/{PROGRAM}"
+LANGUAGES = sorted(folder.stem for folder in (SOURCE / "Resources").glob("*.lproj"))
 
 
 def run(*command, **options):
     """Runs a command; the result has both outputs as text."""
     return subprocess.run([str(part) for part in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, text=True, check=False, **options)
+
+
+def translated(message, language):
+    """The window's text for a message, without its tags."""
+    text = (SOURCE / f"Resources/{language}.lproj/Localizable.strings").read_text("utf-8")
+    found = re.search(rf'^"{re.escape(message)}" = "(.*)"$', text, re.MULTILINE)
+    return re.sub("<[^>]*>", "", found[1])
 
 
 def sha256(data):

@@ -6,11 +6,11 @@ import re
 import xml.etree.ElementTree
 from pathlib import Path
 
-from case import HOME, IDENTIFIER, PROGRAM, SOURCE, STAGE, VERSION, PackagesTestCase, archive, run
+from case import (HOME, IDENTIFIER, LANGUAGES, PROGRAM, SOURCE, STAGE, VERSION, PackagesTestCase, archive, run,
+                  translated)
 
 NAME = "Ondrel Vexora Lumiq Setup"
 COMMENT = "To install Ondrel Vexora Lumiq, click <b>Start</b>."
-LANGUAGES = sorted(folder.stem for folder in (SOURCE / "Resources").glob("*.lproj"))
 
 
 def staged(folder):
@@ -28,6 +28,11 @@ class ContentsTest(PackagesTestCase):
         for package, place in ((self.deb, HOME), (self.rpm, HOME),
                                (self.portable, f"{self.portable.name.removesuffix('.tar.gz')}/lib/{PROGRAM}")):
             held = staged(self.unpack(package) / place)
+            if package != self.portable:
+                self.assertIn(f"'/{HOME}/Resources/install true'", held.pop(Path("run-install")).decode())
+                # It is built to have rights asked for by that name.
+                self.assertFalse(held[Path(PROGRAM)] == expected[Path(PROGRAM)], package.name)
+                held[Path(PROGRAM)] = expected[Path(PROGRAM)]
             self.assertEqual(held.keys(), expected.keys(), package.name)
             self.assertEqual([path for path in held if held[path] != expected[path]], [], package.name)
 
@@ -56,7 +61,7 @@ class ContentsTest(PackagesTestCase):
 
     def test_program_and_payload_can_be_run_and_the_link_leads_there(self):
         root = self.unpack(self.deb)
-        for name in (PROGRAM, "Resources/install", "Resources/unmount"):
+        for name in (PROGRAM, "run-install", "Resources/install", "Resources/unmount"):
             self.assertEqual((root / HOME / name).stat().st_mode & 0o7777, 0o755, name)
         self.assertEqual((root / f"usr/bin/{PROGRAM}").resolve(), root / HOME / PROGRAM)
 
@@ -88,15 +93,10 @@ class DesktopFilesTest(PackagesTestCase):
         text = (self.share / f"applications/{IDENTIFIER}.desktop").read_text("utf-8")
         self.entry = dict(line.split("=", 1) for line in text.splitlines()[1:])
 
-    def translated(self, message, language):
-        text = (SOURCE / f"Resources/{language}.lproj/Localizable.strings").read_text("utf-8")
-        found = re.search(rf'^"{re.escape(message)}" = "(.*)"$', text, re.MULTILINE)
-        return re.sub("<[^>]*>", "", found[1])
-
     def test_entry_speaks_every_language_of_the_window(self):
         self.assertEqual(len(LANGUAGES), 57)
         for key, message in (("Name", NAME), ("Comment", COMMENT)):
-            expected = {key if language == "en" else f"{key}[{language}]": self.translated(message, language)
+            expected = {key if language == "en" else f"{key}[{language}]": translated(message, language)
                         for language in LANGUAGES}
             self.assertEqual({name: text for name, text in self.entry.items() if name.startswith(key)}, expected)
 
@@ -125,7 +125,8 @@ class DesktopFilesTest(PackagesTestCase):
 
     def test_address_may_hold_what_xml_reads_otherwise(self):
         self.assert_works(run(SOURCE / "Packaging/make-texts", self.folder, "identifier=a", f"version={VERSION}", "date=0",
-                              "homepage=https://a.example", "help=https://b.example/?c=1&d=2", "contact=e"))
+                              "homepage=https://a.example", "help=https://b.example/?c=1&d=2", "vendor=e", "contact=f",
+                              "run_install=/g"))
         root = xml.etree.ElementTree.parse(self.folder / "a.metainfo.xml").getroot()
         self.assertEqual(root.findtext("url[@type='help']"), "https://b.example/?c=1&d=2")
 

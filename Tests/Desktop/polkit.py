@@ -23,6 +23,15 @@ AGENT = """<node><interface name="org.freedesktop.PolicyKit1.AuthenticationAgent
   </method>
   <method name="CancelAuthentication"><arg type="s" direction="in"/></method>
 </interface></node>"""
+# What an agent's own helper of root's tells polkit once the password was right: whose agent, which prompt, which identity.
+RIGHT_PASSWORD = """import sys
+from gi.repository import Gio, GLib
+user, cookie, kind, number = sys.argv[1:]
+identity = (kind, {"uid": GLib.Variant("u", int(number))})
+Gio.bus_get_sync(Gio.BusType.SYSTEM, None).call_sync(
+    "org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority", "org.freedesktop.PolicyKit1.Authority",
+    "AuthenticationAgentResponse2", GLib.Variant("(us(sa{sv}))", (int(user), cookie, identity)), None, 0, -1, None)
+"""
 
 
 @contextmanager
@@ -90,26 +99,59 @@ def _rule(desktop, condition, answer, *question):
         as_root("rm", "-f", path)
 
 
-class Prompt:
-    """The password prompt that polkit shows for one process, without a person; a context manager."""
+@contextmanager
+def installed_action(text, name, program):
+    """Lets polkit know the action of a text, which has that name and is about that program."""
+    path = f"/usr/share/polkit-1/actions/{name}.policy"
+    try:
+        as_root("tee", path, input=text.encode(), stdout=subprocess.DEVNULL)
+        as_root("chmod", "644", path)
+        wait_until("the action", lambda: str(program) in subprocess.run(
+            ["pkaction", "--verbose", "--action-id", name], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+            check=False).stdout)
+        yield
+    finally:
+        as_root("rm", "-f", path)
 
-    def __init__(self, process):
+
+def system_bus():
+    """A connection of its own to the system bus, to close before the bus goes away."""
+    return Gio.DBusConnection.new_for_address_sync(
+        Gio.dbus_address_get_for_bus_sync(Gio.BusType.SYSTEM, None),
+        Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+        | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+
+
+def call(bus, method, parameters):
+    """What a method of polkit answers, as Python values."""
+    return bus.call_sync("org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority",
+                         "org.freedesktop.PolicyKit1.Authority", method, parameters, None, Gio.DBusCallFlags.NONE, -1,
+                         None).unpack()
+
+
+class Prompt:
+    """The password prompt that polkit shows for one process, without a person, in a language; a context manager."""
+
+    def __init__(self, process, locale="C"):
         self._process = process
+        self._user = os.stat(f"/proc/{process}").st_uid
+        self._locale = locale
         self._question = None
         self.taken_back = False
 
     def __enter__(self):
-        self._bus = Gio.DBusConnection.new_for_address_sync(
-            Gio.dbus_address_get_for_bus_sync(Gio.BusType.SYSTEM, None),
-            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
-            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        # polkit takes an answer for the user's own agent alone.
+        own = os.geteuid()
+        os.seteuid(self._user)
+        try:
+            self._bus = system_bus()
+        finally:
+            os.seteuid(own)
         path = "/org/freedesktop/PolicyKit1/AuthenticationAgent"
         self._bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(AGENT).interfaces[0], self._take, None, None)
         subject = ("unix-process", {"pid": GLib.Variant("u", self._process), "start-time": GLib.Variant("t", 0)})
-        self._bus.call_sync(
-            "org.freedesktop.PolicyKit1", "/org/freedesktop/PolicyKit1/Authority",
-            "org.freedesktop.PolicyKit1.Authority", "RegisterAuthenticationAgent",
-            GLib.Variant("((sa{sv})ss)", (subject, "C", path)), None, Gio.DBusCallFlags.NONE, -1, None)
+        call(self._bus, "RegisterAuthenticationAgent",
+             GLib.Variant("((sa{sv})ss)", (subject, self._locale, path)))
         return self
 
     def __exit__(self, *details):
@@ -120,9 +162,20 @@ class Prompt:
         wait_until("the prompt", lambda: self._question, deadline)
 
     @property
+    def text(self):
+        """The name of the action that it is about, what it says, and the name of its icon."""
+        return self._question.get_parameters().unpack()[:3]
+
+    @property
     def caller(self):
         """The number of the process that has led to it, as text."""
         return self._question.get_parameters().unpack()[3]["polkit.caller-pid"]
+
+    def grant(self):
+        """Ends it as the right password of the first administrator does."""
+        cookie, ((kind, details), *_) = self._question.get_parameters().unpack()[4:]
+        as_root("/usr/bin/python3", "-c", RIGHT_PASSWORD, str(self._user), cookie, kind, str(details["uid"]))
+        self._question.return_value(None)
 
     def end(self, error):
         """Ends it in the way that polkit calls by that name."""

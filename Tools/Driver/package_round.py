@@ -1,7 +1,8 @@
-"""Starts the program of an installed package from its entry in the menu, and installs the sample product for the current
-user. Fails where that does not end well."""
+"""Starts the program of an installed package from its entry in the menu, and installs the sample product. Fails where that
+does not end well. Usage: package_round.py FOLDER   (where the product is then, with a file VERSION)"""
 
 import shutil
+import sys
 from pathlib import Path
 
 import gi
@@ -12,7 +13,7 @@ from desktop import Desktop
 from installer import Installer, Stage
 
 ENTRY = "com.ondrel.vexora.lumiq.setup.desktop"
-PLUGIN = Path.home() / ".mozilla/plugins/Lumiq.plugin"
+PLUGIN = Path(sys.argv[1])
 
 entry = Gio.DesktopAppInfo.new(ENTRY)
 with Desktop() as desktop:
@@ -22,6 +23,6 @@ with Desktop() as desktop:
         installer.press(installer.find("push button", "Start"))
         installer.find("label", "Installation completed!")
         status = installer.wait_exit(lambda: installer.press(installer.find("push button", "Close")))
-if status != 0 or not PLUGIN.is_dir():
-    raise SystemExit(f"the program ended with {status}; {PLUGIN} exists: {PLUGIN.exists()}")
+if status != 0 or not (PLUGIN / "VERSION").is_file():
+    raise SystemExit(f"the program ended with {status}, and {PLUGIN} holds {list(PLUGIN.glob('*'))}")
 print(f"{entry.get_name()}, started as {stage.program}, has installed {PLUGIN}")

@@ -6,6 +6,7 @@ from gi.repository import GLib
 
 from case import HELD, DesktopTestCase
 from desktop import wait_until
+from window import Windows
 
 LICENCE = "By installing, you agree to the Ondrel Vexora <a>license agreement</a>."
 
@@ -117,8 +118,14 @@ class FailureActionsTest(DesktopTestCase):
     def setUpClass(cls):
         super().setUpClass()
         cls.shown = []
+        cls.startup_ids = []
+
+        def show(items, startup_id):
+            cls.shown.append(items)
+            cls.startup_ids.append(startup_id)
+
         connection = cls.desktop.serve("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", FILE_MANAGER,
-                                       lambda items, _identifier: cls.shown.append(items))
+                                       show)
         cls.addClassCleanup(connection.close_sync, None)
 
     def setUp(self):
@@ -146,6 +153,10 @@ class FailureActionsTest(DesktopTestCase):
     def test_click_beside_the_words_reveals_the_log(self):
         self.installer.click(self.installer.find("link"))
         self.assert_log_revealed()
+        # So that the file manager comes to the front.
+        with Windows(self.desktop) as windows:
+            time = windows.user_time(windows.of(self.installer.process))
+        self.assertRegex(self.startup_ids[-1], f"^vexora-one-click-installer-{self.installer.process.pid}_TIME{time}$")
 
     def test_help_button_opens_the_troubleshooting_page(self):
         self.installer.press(self.installer.find("link", os.environ["VEXORA_HELP"]))

@@ -46,6 +46,10 @@ class Windows:
         """How wide a window's frame is at its left, its right, its top and its bottom."""
         return self._numbers(window, b"_NET_FRAME_EXTENTS")
 
+    def user_time(self, window):
+        """When a window was last used, in the display's milliseconds, by what its program tells."""
+        return next(iter(self._numbers(window, b"_NET_WM_USER_TIME")), None)
+
     def _numbers(self, window, property_name):
         """The numbers that a property of a window holds; none where it has no such property."""
         kind, size, count, more = (ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong())

@@ -1,17 +1,21 @@
 #include "Platform/Qt/Workspace.h"
 
+#include "Platform/Qt/Application.h"
 #include "Qt/Printing.h"
-#include "Support/TemporaryFolder.h"
+#include "Qt/PrivateBus.h"
 
-#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusObjectPath>
+#include <QDBusUnixFileDescriptor>
 #include <QDesktopServices>
-#include <QProcess>
+#include <QFile>
 #include <QTest>
 #include <QUrl>
 
-#include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
+#include <optional>
 
 namespace QtTest {
 
@@ -53,64 +57,73 @@ public Q_SLOTS:
     void open(const QUrl& url) { urls.append(url); }
 };
 
+/// A desktop's portal that writes down which files it is asked to show, or refuses.
+class OpenPortal : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.OpenURI")
+
+public:
+    QStringList shown;
+    QVariantMap options;
+    bool refuses = false;
+
+public Q_SLOTS:
+    QDBusObjectPath OpenDirectory(const QString& /*window*/, const QDBusUnixFileDescriptor& file,
+                                  const QVariantMap& given) {
+        shown.append(
+            QFile::symLinkTarget("/proc/self/fd/" + QString::number(file.fileDescriptor())));
+        options = given;
+        if (refuses) {
+            sendErrorReply(QDBusError::Failed);
+        }
+        return QDBusObjectPath("/request");
+    }
+};
+
 class Workspace : public testing::Test {
 protected:
-    /// Starts a session bus of our own, on which nothing can be activated. The connection to it
-    /// lasts as long as the process.
+    /// The connection to the session bus lasts as long as the process.
     static void SetUpTestSuite() {
-        static const TestSupport::TemporaryFolder folder;
-        const auto configuration =
-            folder.write("session.conf",
-                         "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus "
-                         "Configuration 1.0//EN\" \"http://www.freedesktop.org/standards/dbus/"
-                         "1.0/busconfig.dtd\"><busconfig><type>session</type><listen>unix:dir=" +
-                             folder.path().string() +
-                             "</listen><policy context=\"default\"><allow send_destination=\"*\" "
-                             "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow "
-                             "own=\"*\"/></policy></busconfig>");
-        bus_ = new QProcess;
-        bus_->start(DBUS_DAEMON, {"--nofork", "--print-address", "--config-file",
-                                  QString::fromStdString(configuration.string())});
-        ASSERT_TRUE(bus_->waitForReadyRead(10000)) << bus_->readAllStandardError().toStdString();
-        address_ = QString::fromUtf8(bus_->readLine()).trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address_.toUtf8());
+        bus_ = new PrivateBus;
+        qputenv("DBUS_SESSION_BUS_ADDRESS", bus_->address().toUtf8());
     }
 
     static void TearDownTestSuite() {
-        QDBusConnection::disconnectFromBus("viewer");
-        bus_->terminate();
-        bus_->waitForFinished(10000);
         delete bus_;
         bus_ = nullptr;
     }
 
     void SetUp() override { ASSERT_TRUE(QDBusConnection::sessionBus().isConnected()); }
 
-    void TearDown() override { QDBusConnection::disconnectFromBus("viewer"); }
-
     /// Puts the file viewer on the bus.
     void offerViewer() {
-        QDBusConnection connection = QDBusConnection::connectToBus(address_, "viewer");
-        ASSERT_TRUE(connection.registerObject("/org/freedesktop/FileManager1", &viewer,
-                                              QDBusConnection::ExportAllSlots));
-        ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
+        viewing_.emplace(*bus_, "viewer");
+        viewing_->offer("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", viewer);
+    }
+
+    void offerPortal() {
+        portal_.emplace(*bus_, "portal");
+        portal_->offer("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", portal);
     }
 
     QString pathOf(const std::filesystem::path& path) {
         return QString::fromStdString(path.string());
     }
 
-    static QProcess* bus_;
-    static QString address_;
-
     TestSupport::TemporaryFolder folder;
     FileViewer viewer;
+    OpenPortal portal;
     OpenedAddresses opened;
-    Vexora::QtWorkspace workspace;
+    Vexora::QtApplication application;
+    Vexora::QtWorkspace workspace{application};
+
+private:
+    static PrivateBus* bus_;
+    std::optional<Connection> viewing_;
+    std::optional<Connection> portal_;
 };
 
-QProcess* Workspace::bus_ = nullptr;
-QString Workspace::address_;
+PrivateBus* Workspace::bus_ = nullptr;
 
 TEST_F(Workspace, asksTheFileViewerToShowTheFile) {
     offerViewer();
@@ -136,6 +149,36 @@ TEST_F(Workspace, opensTheFolderWithoutAFileViewer) {
     workspace.selectFile(file.string());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.urls.isEmpty(); }, 10000));
     EXPECT_EQ(opened.urls, QList{QUrl::fromLocalFile(pathOf(file.parent_path()))});
+}
+
+TEST_F(Workspace, asksThePortalWithoutAFileViewer) {
+    offerPortal();
+    const auto file = folder.write("Ann Größe/a.log", "x");
+    workspace.selectFile(file.string());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.shown.isEmpty(); }, 30000));
+    EXPECT_EQ(portal.shown, QStringList(pathOf(file)));
+    EXPECT_EQ(portal.options, (QVariantMap{{"activation_token", QString()}}));
+    EXPECT_TRUE(opened.urls.isEmpty());
+}
+
+TEST_F(Workspace, opensTheFolderWhereThePortalDoesNot) {
+    offerPortal();
+    portal.refuses = true;
+    const auto file = folder.write("a.log", "x");
+    workspace.selectFile(file.string());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.urls.isEmpty(); }, 30000));
+    EXPECT_EQ(portal.shown, QStringList(pathOf(file)));
+    EXPECT_EQ(opened.urls, QList{QUrl::fromLocalFile(pathOf(folder.path()))});
+}
+
+TEST_F(Workspace, opensTheFolderOfWhatCannotBeHandedToThePortal) {
+    offerPortal();
+    const auto file = folder.path() / "a.log";
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    workspace.selectFile(file.string());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.urls.isEmpty(); }, 30000));
+    EXPECT_EQ(opened.urls, QList{QUrl::fromLocalFile(pathOf(folder.path()))});
+    EXPECT_TRUE(portal.shown.isEmpty());
 }
 
 TEST_F(Workspace, opensTheNearestFolderOfAMissingFile) {
@@ -182,6 +225,17 @@ TEST_F(NearestFolder, isNoFile) {
 TEST_F(NearestFolder, isTheRootAtLast) {
     EXPECT_EQ(nearest("/a.log"), "/");
     EXPECT_EQ(nearest("/missing-folder/of/nobody/a.log"), "/");
+}
+
+TEST_F(NearestFolder, isOpenedWithoutABus) {
+    OpenedAddresses opened;
+    const Vexora::QtApplication application;
+    Vexora::QtWorkspace workspace(application);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "none:");
+    ASSERT_FALSE(QDBusConnection::sessionBus().isConnected());
+    workspace.selectFile(folder.write("a.log", "x").string());
+    EXPECT_EQ(opened.urls,
+              QList{QUrl::fromLocalFile(QString::fromStdString(folder.path().string()))});
 }
 
 } // namespace QtTest

@@ -144,6 +144,14 @@ QtApplication::~QtApplication() {
     QApplication::setFont(desktopFont_);
 }
 
+QString QtApplication::startupId() const {
+    return QGuiApplication::platformName() == "xcb" ? QStringLiteral("%1-%2_TIME%3")
+                                                          .arg(QCoreApplication::applicationName())
+                                                          .arg(QCoreApplication::applicationPid())
+                                                          .arg(pressedAt_)
+                                                    : QString();
+}
+
 void QtApplication::activateIgnoringOtherApps() {
     mainWindow_.raise();
     mainWindow_.activateWindow();
@@ -174,6 +182,7 @@ void QtApplication::exit(int status) {
 
 bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+        pressedAt_ = static_cast<QInputEvent*>(event)->timestamp();
         // Whatever has the focus shows it to those who use the keyboard.
         mainWindow_.setAttribute(Qt::WA_KeyboardFocusChange, event->type() == QEvent::KeyPress);
         if (QWidget* focus = mainWindow_.focusWidget()) {

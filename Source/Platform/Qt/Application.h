@@ -61,6 +61,10 @@ public:
 
     QtWindow& mainWindow() { return mainWindow_; }
 
+    /// What a program that comes to the front by the last press of a key or a button tells the desktop.
+    /// Empty where the desktop is not X11, for whose desktops the toolkit has nothing to tell.
+    QString startupId() const;
+
     std::vector<Window*> windows() override { return {&mainWindow_}; }
     void activateIgnoringOtherApps() override;
     void onWindowWillClose(std::function<void()> handler) override;
@@ -75,6 +79,8 @@ private:
     QFont desktopFont_;
     QtWindow mainWindow_;
     std::function<void()> closeHandler_;
+    /// When the display saw the last press, in its own milliseconds.
+    quint64 pressedAt_ = 0;
 };
 
 } // namespace Vexora

@@ -67,7 +67,7 @@ struct Backend::Parts {
     QtApplication application;
     QtInterfaceLoader interfaces;
     QtMainQueue mainQueue;
-    QtWorkspace workspace;
+    QtWorkspace workspace{application};
     QtAdministratorScript administratorScript;
     Platform platform{application, interfaces, mainQueue,   backgroundQueue,     clock,
                       files,       processes,  environment, administratorScript, workspace,

@@ -1,10 +1,9 @@
 #include "Platform/Qt/Wishes.h"
 
-#include <QCoreApplication>
-#include <QDBusMessage>
+#include "Platform/Qt/Bus.h"
+
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QVariantMap>
 
 #include <cstdlib>
@@ -42,19 +41,14 @@ Wishes wishesIn(const QPalette& colors) {
 void askForWishes(const QDBusConnection& bus, const Wishes& known,
                   std::function<void(const Wishes&)> answer) {
     qDBusRegisterMetaType<Settings>();
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-        "org.freedesktop.portal.Settings", "ReadAll");
-    call << QStringList{appearance, gnome, gnomeAccess, kde};
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), qApp);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, qApp,
-                     [watcher, known, answer = std::move(answer)] {
-                         const QDBusPendingReply<Settings> reply = *watcher;
-                         if (reply.isValid()) {
-                             answer(join(known, reply.value()));
-                         }
-                         watcher->deleteLater();
-                     });
+    const QStringList groups{appearance, gnome, gnomeAccess, kde};
+    ask(bus, callOf(portal, portalPath, "org.freedesktop.portal.Settings", "ReadAll", {groups}),
+        [known, answer = std::move(answer)](const QDBusMessage& message) {
+            const QDBusReply<Settings> reply = message;
+            if (reply.isValid()) {
+                answer(join(known, reply.value()));
+            }
+        });
 }
 
 } // namespace Vexora

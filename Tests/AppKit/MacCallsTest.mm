@@ -112,6 +112,18 @@ TEST_F(MacCalls, linksAreLinksToAssistiveTools) {
     EXPECT_FALSE([as<VexoraTextLabel>(find("failLabel")) accessibilityPerformPress]);
 }
 
+TEST_F(MacCalls, successAsksForAttentionOnce) {
+    enter(State::Install);
+    EXPECT_TRUE(macCalls().attention.empty());
+    endInstall(0);
+    EXPECT_EQ(macCalls().attention, std::vector<NSUInteger>{NSInformationalRequest});
+}
+
+TEST_F(MacCalls, failureAsksForAttentionOnce) {
+    enter(State::Failure);
+    EXPECT_EQ(macCalls().attention, std::vector<NSUInteger>{NSInformationalRequest});
+}
+
 TEST_F(MacCalls, barIsNamedAfterItsText) {
     enter(State::Install);
     EXPECT_EQ(labelOf("installProgress"),

@@ -27,6 +27,8 @@ struct RecordedCalls {
     std::map<NSView*, std::string> labels;
     std::map<NSView*, std::string> descriptions;
     std::vector<std::string> announcements;
+    /// How the user was asked for attention.
+    std::vector<NSUInteger> attention;
     std::map<NSView*, std::string> roles;
     std::map<NSView*, bool> elements;
     std::map<NSWindow*, std::string> appearances;

@@ -49,6 +49,19 @@ std::map<id, std::string> sources;
 
 @end
 
+@interface NSApplication (Attention)
+@end
+
+/// The toolkit's own does nothing.
+@implementation NSApplication (Attention)
+
+- (NSInteger)requestUserAttention:(NSRequestUserAttentionType)type {
+    AppKitTest::macCalls().attention.push_back(type);
+    return 1;
+}
+
+@end
+
 @implementation NSWindow (OnlyOnMac)
 
 - (void)setAppearance:(NSAppearance*)appearance {

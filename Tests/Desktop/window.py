@@ -46,6 +46,10 @@ class Windows:
         """How wide a window's frame is at its left, its right, its top and its bottom."""
         return self._numbers(window, b"_NET_FRAME_EXTENTS")
 
+    def has_state(self, window, name):
+        """Whether the window manager says that of a window, such as b"_NET_WM_STATE_HIDDEN"."""
+        return self._atom(name) in self._numbers(window, b"_NET_WM_STATE")
+
     def user_time(self, window):
         """When a window was last used, in the display's milliseconds, by what its program tells."""
         return next(iter(self._numbers(window, b"_NET_WM_USER_TIME")), None)

@@ -182,6 +182,10 @@ class Installer:
         """Closes the window as its owner does, with the window manager's key."""
         self.key("alt+F4")
 
+    def is_active(self):
+        """Whether the window has the keyboard, as far as the program knows."""
+        return self._is_ready(self.window)
+
     def is_running(self):
         """Whether the program has not ended."""
         return self.process.poll() is None

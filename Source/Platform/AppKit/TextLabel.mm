@@ -194,6 +194,9 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
     VexoraPane* const root = Vexora::as<VexoraPane>([[self superview] superview]);
     NSString* const name = dismissedBy.get() != nil ? dismissedBy : describes;
     NSButton* const button = Vexora::as<NSButton>([self controlNamed:name]);
+    if (name != nil) {
+        [NSApp requestUserAttention:NSInformationalRequest];
+    }
     if (dismissedBy.get() != nil) {
         hasNews = YES;
         [root giveFocus:self andReturn:button];

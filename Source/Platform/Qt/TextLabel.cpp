@@ -8,6 +8,7 @@
 #include "Platform/Words.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -161,6 +162,7 @@ void TextLabel::tellNews() {
     if (root == nullptr || spoken == nullptr || isHidden()) {
         return;
     }
+    QApplication::alert(window());
     QString news = QLabel::text();
     if (described != nullptr) {
         // Before the focus: a change of what has the focus is spoken as well.

@@ -1,8 +1,14 @@
 """What the program and the desktop around it have to say to each other."""
 
-from case import DesktopTestCase
+from gi.repository import Gio, GLib
+
+from case import HELD, DesktopTestCase
 from desktop import wait_until
 from window import Windows
+
+PORTAL = """<node><interface name="org.freedesktop.portal.Inhibit"><method name="Inhibit"><arg type="s" direction="in"/>
+  <arg type="u" direction="in"/><arg type="a{sv}" direction="in"/><arg type="o" direction="out"/></method></interface>
+  <interface name="org.freedesktop.portal.Request"><method name="Close"/></interface></node>"""
 
 
 class CompanyTest(DesktopTestCase):
@@ -29,3 +35,23 @@ class CompanyTest(DesktopTestCase):
                 wait_until("attention",
                            lambda: self.windows.has_state(window, b"_NET_WM_STATE_DEMANDS_ATTENTION"))
                 installer.wait_exit(installer.process.kill)
+
+    def test_keeps_the_desktop_awake_while_install_runs(self):
+        asked, closed = [], []
+
+        def inhibit(*arguments):
+            asked.append(arguments)
+            return GLib.Variant("(o)", ("/request",))
+
+        portal = self.desktop.serve("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", PORTAL, inhibit)
+        self.addCleanup(portal.close_sync, None)
+        portal.register_object("/request", Gio.DBusNodeInfo.new_for_xml(PORTAL).interfaces[1],
+                               lambda *call: closed.append(call[6].return_value(None)), None, None)
+        installer = self.launch(self.stage(HELD))
+        self.assertEqual(asked, [])
+        installer.press(installer.find("push button", "Start"))
+        wait_until("the portal", lambda: asked)
+        self.assertEqual(asked, [("", 1 | 4, {"reason": installer.text("Ondrel Vexora Lumiq Setup")})])
+        self.assertEqual(closed, [])
+        installer.stage.mark("go").touch()
+        wait_until("the end of it", lambda: closed)

@@ -9,6 +9,7 @@
 #include "Platform/Qt/Accessibility.h"
 #include "Platform/Qt/AdministratorScript.h"
 #include "Platform/Qt/Application.h"
+#include "Platform/Qt/Awake.h"
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/InterfaceLoader.h"
 #include "Platform/Qt/MainQueue.h"
@@ -50,6 +51,22 @@ struct Desktop {
     PaperStyle* style = new PaperStyle;
 };
 
+/// The background queue, while whose blocks run the desktop stays awake.
+class WakefulQueue : public BackgroundQueue {
+public:
+    explicit WakefulQueue(const QWidget& window) : window_(window) {}
+
+    /// Main thread.
+    void async(std::function<void()> block) override {
+        auto awake = keepAwake(QDBusConnection::sessionBus(), window_.windowTitle());
+        queue_.async([block = std::move(block), awake = std::move(awake)] { block(); });
+    }
+
+private:
+    const QWidget& window_;
+    PosixBackgroundQueue queue_;
+};
+
 } // namespace
 
 struct Backend::Parts {
@@ -61,10 +78,10 @@ struct Backend::Parts {
     PosixFileSystem files;
     PosixProcessLauncher processes;
     PosixClock clock;
-    PosixBackgroundQueue backgroundQueue;
     PosixSystemLog systemLog;
     Desktop desktop;
     QtApplication application;
+    WakefulQueue backgroundQueue{application.mainWindow()};
     QtInterfaceLoader interfaces;
     QtMainQueue mainQueue;
     QtWorkspace workspace{application};

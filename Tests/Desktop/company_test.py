@@ -4,6 +4,7 @@ from gi.repository import Gio, GLib
 
 from case import HELD, DesktopTestCase
 from desktop import wait_until
+from installer import Unseen
 from window import Windows
 
 PORTAL = """<node><interface name="org.freedesktop.portal.Inhibit"><method name="Inhibit"><arg type="s" direction="in"/>
@@ -24,6 +25,21 @@ class CompanyTest(DesktopTestCase):
         wait_until("the minimised window", lambda: self.windows.has_state(window, b"_NET_WM_STATE_HIDDEN")
                    and not installer.is_active())
         return window
+
+    def test_second_start_brings_the_first_window_to_the_front(self):
+        installer = self.launch(self.stage())
+        window = self.minimise(installer)
+        other = self.enterContext(Unseen(self.stage(), environment={"DBUS_SESSION_BUS_ADDRESS": "none:"}))
+        above = wait_until("the window above", lambda: self.windows.of(other.process))
+        opened = self.windows.user_time(above)
+        self.windows.operate("mousemove", "--window", above, 9, 9, "click", 1)
+        wait_until("the click", lambda: self.windows.user_time(above) != opened)
+        again = self.enterContext(Unseen(installer.stage))
+        self.assertEqual(again.wait_exit(lambda: None), 0)
+        wait_until("the window", installer.is_active)
+        self.assertFalse(self.windows.has_state(window, b"_NET_WM_STATE_HIDDEN"))
+        # Otherwise some desktops would leave it where it is.
+        self.assertGreater(self.windows.user_time(window), self.windows.user_time(above))
 
     def test_asks_for_attention_with_the_outcome(self):
         for install in ("await go", "await go; exit 30"):

@@ -6,7 +6,7 @@ import signal
 
 from case import DesktopTestCase
 from desktop import wait_until
-from installer import Installer
+from installer import Installer, Unseen
 
 IDENTIFIER = os.environ["VEXORA_IDENTIFIER"]
 
@@ -66,6 +66,14 @@ class WaylandTest(DesktopTestCase):
         self.assertLess(width, 640)
         # The toolkit draws the frame.
         self.assertLess(height, 480 - 20)
+
+    def test_second_start_leaves_the_window_to_the_first(self):
+        compositor = Compositor(self.desktop)
+        installer = self.launch_on(compositor, self.stage())
+        again = self.enterContext(Unseen(installer.stage, environment={**compositor.environment,
+                                                                       "XDG_ACTIVATION_TOKEN": "token"}))
+        self.assertEqual(again.wait_exit(lambda: None), 0)
+        installer.find("push button", "Start")
 
     def test_ends_well_with_its_compositor(self):
         compositor = Compositor(self.desktop)

@@ -4,17 +4,10 @@ import subprocess
 
 from case import HELD
 from desktop import Desktop, wait_until
-from installer import Installer
+from installer import Installer, Unseen
 from rows import BEGUN, FaultsTestCase, row
 
 TOOLKIT = "the toolkit's own words\n"
-
-
-class Unseen(Installer):
-    """A program that never shows a window."""
-
-    def _find_window(self):
-        return self.process
 
 
 class Unheard(Installer):

@@ -1,9 +1,12 @@
 """What changes around the program while it runs, and what its user does to it."""
 
+import os
 import shutil
+import signal
 
 from case import HELD
 from desktop import wait_until
+from installer import Unseen
 from rows import BEGUN, FaultsTestCase, row
 
 DAY = 24 * 60 * 60
@@ -88,8 +91,27 @@ class RunningTest(FaultsTestCase):
         wait_until("the end of the log", lambda: stage.log_text() == "installed\n")
         return installer
 
-    @row("Two programs run at once, and print into the one log", "success", "two begins\ntwo ends\n", sample=True)
+    @row("The program is started again, and ends; its window was minimised", "installing", BEGUN, sample=True)
+    def started_again(self):
+        installer = self.held()
+        self.desktop.xdotool("getactivewindow", "windowminimize")
+        wait_until("the minimised window", lambda: not installer.is_active())
+        again = self.enterContext(Unseen(installer.stage))
+        self.assertEqual(again.wait_exit(lambda: None), 0)
+        wait_until("the window", installer.is_active)
+        return installer
+
+    @row("The program is started again while it is stopped: there are two", "start screen: Start")
+    def started_again_while_stopped(self):
+        stopped = self.opened(self.stage())
+        stopped.process.send_signal(signal.SIGSTOP)
+        return self.opened(self.stage())
+
+    @row("Two programs run at once, as a stranger has their name on the session bus, and print into the one log",
+         "success", "two begins\ntwo ends\n", sample=True)
     def two_programs(self):
+        stranger = self.desktop.serve(os.environ["VEXORA_IDENTIFIER"], "/", "<node><interface name='a.b'/></node>", None)
+        self.addCleanup(stranger.close_sync, None)
         stage = self.stage(TWICE)
         one = self.started_on(stage)
         wait_until("one", lambda: stage.log_text() == "one begins\n")

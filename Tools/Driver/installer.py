@@ -220,6 +220,13 @@ class Installer:
         return None
 
 
+class Unseen(Installer):
+    """A program that never shows a window."""
+
+    def _find_window(self):
+        return self.process
+
+
 def _collect(control, found):
     for child in control:
         if child is not None and child.getState().contains(pyatspi.STATE_SHOWING):

@@ -15,6 +15,7 @@
 #include "Platform/Qt/MainQueue.h"
 #include "Platform/Qt/PaperStyle.h"
 #include "Platform/Qt/Picture.h"
+#include "Platform/Qt/SingleInstance.h"
 #include "Platform/Qt/TextLabel.h"
 #include "Platform/Qt/Views.h"
 #include "Platform/Qt/Wishes.h"
@@ -46,6 +47,7 @@ struct Desktop {
 
     /// The program's name alone: the toolkit would take options.
     int argumentCount = 1;
+    QVariantMap start = startOfProgram();
     QApplication toolkit;
     Wishes wishes;
     PaperStyle* style = new PaperStyle;
@@ -125,6 +127,7 @@ Platform& Backend::platform() {
 
 int Backend::run(View& content, const std::function<void()>& didFinishLaunching) {
     QtWindow& window = parts_->application.mainWindow();
+    SingleInstance instance(QDBusConnection::sessionBus(), window);
     if (const auto* root = dynamic_cast<WidgetOwner*>(&content)) {
         window.setContent(root->widget());
     }
@@ -134,6 +137,9 @@ int Backend::run(View& content, const std::function<void()>& didFinishLaunching)
     QApplication::setApplicationName(VEXORA_IDENTIFIER);
     window.winId();
     QApplication::setApplicationName({});
+    if (instance.isLeftToAnother(parts_->desktop.start)) {
+        parts_->application.exit(0);
+    }
     window.show();
     didFinishLaunching();
     return QApplication::exec();

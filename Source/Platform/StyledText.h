@@ -74,6 +74,16 @@ public:
         return all;
     }
 
+    /// The characters without those of links, which have a colour of their own, and without the blanks
+    /// that separate the two.
+    std::string wordsBesideLinks() const {
+        std::string words;
+        for (const TextRun& run : runs_) {
+            words += run.color ? std::string() : run.text;
+        }
+        return words.substr(0, words.find_last_not_of(' ') + 1);
+    }
+
     bool operator==(const StyledText&) const = default;
 
 private:

@@ -35,6 +35,19 @@ TEST(StyledText, runsKeepTheirOrderAndTheirStyles) {
     EXPECT_EQ(text.string(), "plain styled");
 }
 
+TEST(StyledText, wordsBesideLinksEndWithoutBlanks) {
+    const TextRun bold{" two", Font{"QuillaSans", 18.0}, {}};
+    Vexora::StyledText text(" one");
+    text.append(bold);
+    text.append({"  ", {}, {}});
+    EXPECT_EQ(text.wordsBesideLinks(), " one two");
+    text.append(styled);
+    EXPECT_EQ(text.wordsBesideLinks(), " one two");
+    text.append(bold);
+    EXPECT_EQ(text.wordsBesideLinks(), " one two   two");
+    EXPECT_EQ(Vexora::StyledText(" ").wordsBesideLinks(), "");
+}
+
 TEST(StyledText, appendedTextBringsItsRunsButNotItsAlignment) {
     Vexora::StyledText other;
     other.append(styled);

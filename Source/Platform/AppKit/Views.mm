@@ -6,7 +6,6 @@
 #include "Platform/AppKit/PushButton.h"
 #include "Platform/AppKit/TextLabel.h"
 #include "Platform/Palette.h"
-#include "Platform/Words.h"
 
 /// A text to read, which leaves Return to the default button.
 @interface VexoraTextView : NSTextView
@@ -83,7 +82,7 @@ AppKitView::AppKitView(VexoraPane* pane) : Shown(pane) {
 
 void AppKitTextField::applyText() {
     VexoraTextLabel* const label = as<VexoraTextLabel>(widget());
-    label->spokenWords = toNSString(wordsBesideLinks(attributedStringValue()));
+    label->spokenWords = toNSString(attributedStringValue().wordsBesideLinks());
     [label setStyledText:toAttributedText(attributedStringValue(), label->plainFont,
                                           toNSColor(inkColor))];
 }

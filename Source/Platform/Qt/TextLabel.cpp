@@ -5,7 +5,6 @@
 #include "Platform/Qt/Palette.h"
 #include "Platform/Qt/Pane.h"
 #include "Platform/Qt/PaperStyle.h"
-#include "Platform/Words.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -188,7 +187,7 @@ QString TextLabel::description() const {
     QStringList texts;
     const auto labels = parentWidget()->findChildren<TextLabel*>(Qt::FindDirectChildrenOnly);
     for (const TextLabel* label : labels) {
-        const std::string words = wordsBesideLinks(label->styledText_);
+        const std::string words = label->styledText_.wordsBesideLinks();
         if (!label->isHidden() && label->namedBy("describes") != nullptr && !words.empty()) {
             texts.append(toQString(words));
         }

@@ -2,7 +2,7 @@
 
 // From here on as on a Mac, with queues that only remember.
 #undef GNUSTEP
-#include "Platform/AppKit/Queues.h"
+#include "Platform/AppKit/MainQueue.mm"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +56,7 @@ TEST_F(MacQueues, runTheInstallationByTheGlobalOneOfDefaultPriority) {
 }
 
 TEST_F(MacQueues, runWhatIsPostedByTheOneOfTheMainThread) {
-    Vexora::dispatch(dispatch_get_main_queue(), block());
+    Vexora::AppKitMainQueue().async(block());
     runFrom(&ofTheMainThread);
 }
 

@@ -28,6 +28,15 @@ TEST_F(Keyboard, heldReturnNeitherStartsNorCloses) {
     EXPECT_TRUE(application.exits.empty());
 }
 
+TEST_F(Keyboard, heldTabGoesOn) {
+    openWindow();
+    ASSERT_EQ(focused(), "startButton");
+    for (const char* next : {"licenseLabel", "startButton"}) {
+        hold(Key::Tab);
+        EXPECT_EQ(focused(), next);
+    }
+}
+
 TEST_F(Keyboard, anotherReturnAfterStartDoesNotClose) {
     openWindow();
     for (const Key key : {Key::Return, Key::Return, Key::Space}) {

@@ -34,7 +34,7 @@
 
 - (void)keyDown:(NSEvent*)event {
     // What a key pressed that is held down was another control.
-    if (![event isARepeat]) {
+    if (![event isARepeat] || !Vexora::isPressing(event)) {
         [super keyDown:event];
     }
 }

@@ -20,4 +20,7 @@ namespace Vexora {
 
 Strong<VexoraHandler> makeHandler(std::function<void()> function);
 
+/// Whether the key is one that presses what has the focus: Return, Enter or the space bar.
+bool isPressing(NSEvent* event);
+
 } // namespace Vexora

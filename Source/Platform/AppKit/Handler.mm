@@ -20,4 +20,9 @@ Strong<VexoraHandler> makeHandler(std::function<void()> function) {
     return handler;
 }
 
+bool isPressing(NSEvent* event) {
+    return [[NSArray arrayWithObjects:@"\r", @"\003", @" ", nil]
+        containsObject:[event charactersIgnoringModifiers]];
+}
+
 } // namespace Vexora

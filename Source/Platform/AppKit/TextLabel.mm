@@ -330,10 +330,7 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 }
 
 - (BOOL)isPressedBy:(NSEvent*)event {
-    NSString* const keys = [event charactersIgnoringModifiers];
-    return ([self isClickable] || hasNews) &&
-           ([keys isEqualToString:@"\r"] || [keys isEqualToString:@"\003"] ||
-            [keys isEqualToString:@" "]);
+    return ([self isClickable] || hasNews) && Vexora::isPressing(event);
 }
 
 - (void)keyDown:(NSEvent*)event {

@@ -2,6 +2,7 @@
 
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Pane.h"
+#include "Platform/Qt/TextLabel.h"
 #include "Platform/Qt/Typeface.h"
 
 #include <QApplication>
@@ -189,10 +190,12 @@ bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
             focus->update();
         }
     }
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat() &&
-        qobject_cast<QPushButton*>(watched) != nullptr) {
+    if (event->type() == QEvent::KeyPress && qobject_cast<QPushButton*>(watched) != nullptr) {
         // A key that is held down presses a button once.
-        return true;
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.isAutoRepeat() && isPressing(key)) {
+            return true;
+        }
     }
     if (event->type() == QEvent::Close && closeHandler_) {
         const auto* widget = qobject_cast<QWidget*>(watched);

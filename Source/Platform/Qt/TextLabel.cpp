@@ -342,11 +342,14 @@ void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
+bool isPressing(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+           event.key() == Qt::Key_Space;
+}
+
 void TextLabel::keyPressEvent(QKeyEvent* event) {
-    const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
-                         event->key() == Qt::Key_Space;
     auto* dismissing = qobject_cast<QPushButton*>(namedBy("dismissedBy"));
-    if (!presses || (!isClickable() && dismissing == nullptr)) {
+    if (!isPressing(*event) || (!isClickable() && dismissing == nullptr)) {
         QLabel::keyPressEvent(event);
     } else if (event->isAutoRepeat()) {
         // A key that is held down presses once, and what it pressed was another control.

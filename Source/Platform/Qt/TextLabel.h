@@ -78,4 +78,7 @@ private:
     bool hovered_ = false;
 };
 
+/// Whether the key is one that presses what has the focus: Return, Enter or the space bar.
+bool isPressing(const QKeyEvent& event);
+
 } // namespace Vexora

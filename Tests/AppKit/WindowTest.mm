@@ -195,6 +195,10 @@ protected:
             EXPECT_EQ([[button keyEquivalent] isEqualToString:@"\r"], chosen) << control;
             if (chosen) {
                 return control;
+    [label("logLabel") mouseEntered:[NSApp currentEvent]];
+    [label("logLabel") setHidden:YES];
+    [label("logLabel") setHidden:NO];
+    EXPECT_EQ(underlined("logLabel"), Names{});
             }
         }
         EXPECT_EQ([window() defaultButtonCell], nil);

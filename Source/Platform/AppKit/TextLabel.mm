@@ -200,7 +200,10 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
     if (dismissedBy.get() != nil) {
         hasNews = YES;
         [root giveFocus:self andReturn:button];
-        Vexora::announce(spokenWords);
+        // What takes the focus is spoken for that.
+        if ([[self window] firstResponder] != self) {
+            Vexora::announce(spokenWords);
+        }
     } else if (describes.get() != nil) {
         NSString* const description = [self descriptionOfAll];
         Vexora::setAccessibleDescription(button, description);
@@ -307,6 +310,12 @@ static NSRect placeOfLines(VexoraTextLabel* label) {
 - (void)mouseExited:(NSEvent*)event {
     hovered = NO;
     [self setNeedsDisplay:YES];
+}
+
+- (void)setHidden:(BOOL)hidden {
+    [super setHidden:hidden];
+    // What is gone hears of no pointer that leaves.
+    hovered = hovered && !hidden;
 }
 
 - (BOOL)becomeFirstResponder {

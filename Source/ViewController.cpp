@@ -36,6 +36,7 @@ void ViewController::retranslate() {
     licenseLabel()->setAttributedStringValue(renderer.applyMarkup(
         translator->tr("By installing, you agree to the Ondrel Vexora <a>license agreement</a>."),
         "<a>", 12.0, true));
+    platform().application.setCloseCommand(translator->tr("Close"));
 }
 
 void ViewController::initializeTranslator() {

@@ -42,6 +42,10 @@ public:
     /// writing direction.
     virtual void setLanguage(const std::string& languageCode) = 0;
 
+    /// Names the one command in the menu of the application, which closes the main window; UTF-8.
+    /// A desktop without such a menu does nothing.
+    virtual void setCloseCommand(const std::string& name) = 0;
+
     /// Ends the process at once with that status, as the standard exit function does. Only a
     /// substitute returns.
     virtual void exit(int status) = 0;

@@ -154,6 +154,24 @@ TEST_F(MacCalls, successIsAnnounced) {
     EXPECT_EQ(macCalls().announcements, Names{translation("Installation completed!")});
 }
 
+TEST_F(MacCalls, successThatTakesTheFocusIsSpokenOnce) {
+    enter(State::Success);
+    EXPECT_EQ(focused(), "installLabel");
+    EXPECT_EQ(macCalls().announcements, Names{});
+}
+
+TEST_F(MacCalls, menuShowsCloseAlone) {
+    openWindow();
+    NSArray* const commands = [[[[NSApp mainMenu] itemAtIndex:0] submenu] itemArray];
+    std::string hidden;
+    for (NSUInteger index = 0; index < [commands count]; ++index) {
+        NSMenuItem* const command = [commands objectAtIndex:index];
+        EXPECT_EQ(macCalls().hiddenCommands.contains(command), [[command title] length] == 0);
+        hidden += macCalls().hiddenCommands[command];
+    }
+    EXPECT_EQ(hidden, "qmhca");
+}
+
 TEST_F(MacCalls, failureIsAnnouncedAndDescribesClose) {
     const std::string title = translation("Installation failed");
     enter(State::Failure);

@@ -33,6 +33,8 @@ struct RecordedCalls {
     std::map<NSView*, bool> elements;
     std::map<NSWindow*, std::string> appearances;
     std::map<NSWindow*, NSUInteger> collections;
+    /// The keys of the commands that no menu shows, where they are heard nevertheless.
+    std::map<NSMenuItem*, std::string> hiddenCommands;
     /// Sizes and weights of the system fonts that were asked for.
     std::vector<std::pair<double, double>> fonts;
     /// The sources of the scripts that were run.

@@ -74,6 +74,19 @@ std::map<id, std::string> sources;
 
 @end
 
+@implementation NSMenuItem (OnlyOnMac)
+
+- (void)setHidden:(BOOL)hidden {
+    AppKitTest::macCalls().hiddenCommands[self] = hidden ? "not heard" : "shown";
+}
+
+- (void)setAllowsKeyEquivalentWhenHidden:(BOOL)allowed {
+    AppKitTest::macCalls().hiddenCommands[self] =
+        allowed ? Vexora::toUtf8([self keyEquivalent]) : "not heard";
+}
+
+@end
+
 @implementation NSFont (OnlyOnMac)
 
 + (NSFont*)systemFontOfSize:(CGFloat)size weight:(CGFloat)weight {

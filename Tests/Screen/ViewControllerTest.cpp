@@ -121,7 +121,8 @@ TEST_F(ViewController, loadingTakesItsStepsInOrder) {
                "window 0.setTitle Ondrel Vexora Lumiq Setup",
                "licenseLabel.setAttributedStringValue By installing, you agree to the Ondrel "
                "Vexora license agreement.",
-               "load StartViewController", "startButton.onClick", "createDirectory " + logFolder,
+               "setCloseCommand Close", "load StartViewController", "startButton.onClick",
+               "createDirectory " + logFolder,
                "startLabel.setAttributedStringValue To install Ondrel Vexora Lumiq, click Start.",
                "startButton.setTitle Start",
                "containerView.addSubview view(StartViewController) above 0 others"}));
@@ -154,9 +155,11 @@ TEST_F(ViewController, noticeHasASemiboldBlueLinkOfTwelvePoints) {
 TEST_F(ViewController, textsAreInTheLanguageOfTheLocale) {
     addLanguage("de", {{"Ondrel Vexora Lumiq Setup", "Einrichtung"},
                        {"By installing, you agree to the Ondrel Vexora <a>license agreement</a>.",
-                        "Es gilt der <a>Vertrag</a>."}});
+                        "Es gilt der <a>Vertrag</a>."},
+                       {"Close", "Schließen"}});
     platform.environment.locale = "de_CH";
     openWindow();
+    EXPECT_EQ(platform.calls.beginningWith("setCloseCommand"), Lines{"setCloseCommand Schließen"});
     EXPECT_EQ(platform.application.ownedWindows[0]->title, "Einrichtung");
     EXPECT_EQ(platform.application.ownedWindows[1]->title, "");
     EXPECT_EQ(textField("licenseLabel")->stringValue(), "Es gilt der Vertrag.");

@@ -37,6 +37,7 @@ public:
     AppKitApplication& operator=(const AppKitApplication&) = delete;
     ~AppKitApplication() override {
         [[NSNotificationCenter defaultCenter] removeObserver:closeObserver_];
+        setMainMenu(nil);
     }
 
     AppKitWindow& mainWindow() { return mainWindow_; }
@@ -45,6 +46,7 @@ public:
     void activateIgnoringOtherApps() override { [NSApp activateIgnoringOtherApps:YES]; }
     void onWindowWillClose(std::function<void()> handler) override;
     void setLanguage(const std::string& languageCode) override;
+    void setCloseCommand(const std::string& name) override;
     void exit(int status) override { std::exit(status); }
 
 private:

@@ -2,35 +2,14 @@
 
 #include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/Pane.h"
-#include "Platform/AppKit/TextLabel.h"
 
 #include <cmath>
-#include <map>
 
-/// A window without a menu bar above it: it answers the usual keys by itself.
+/// A window that a key held down does nothing to.
 @interface VexoraWindow : NSWindow
 @end
 
 @implementation VexoraWindow
-
-- (BOOL)performKeyEquivalent:(NSEvent*)event {
-    static const std::map<std::string, SEL> actions{
-        {"w", @selector(performClose:)}, {"q", @selector(performClose:)},
-        {"c", @selector(copy:)},         {"a", @selector(selectAll:)},
-        {"h", @selector(hide:)},         {"m", @selector(performMiniaturize:)}};
-    // With the Command key a keyboard of any script gives Latin letters.
-    const auto action = actions.find(Vexora::toUtf8([event characters]));
-    if (([event modifierFlags] & NSEventModifierFlagCommand) != 0 && action != actions.end()) {
-        return [NSApp sendAction:action->second to:nil from:self];
-    }
-    // A link that has the focus takes Return before the default button does.
-    VexoraTextLabel* const link = Vexora::as<VexoraTextLabel>([self firstResponder]);
-    if ([link isPressedBy:event]) {
-        [link keyDown:event];
-        return YES;
-    }
-    return [super performKeyEquivalent:event];
-}
 
 - (void)keyDown:(NSEvent*)event {
     // What a key pressed that is held down was another control.
@@ -57,6 +36,21 @@
 @end
 
 namespace Vexora {
+namespace {
+
+/// Puts a command into a menu that a key gives together with the Command key. Without a name it is
+/// not shown, and the key gives it nevertheless.
+void addCommand(NSMenu* menu, NSString* name, NSString* key, SEL action, id target) {
+    NSMenuItem* const item = [menu addItemWithTitle:name action:action keyEquivalent:key];
+    [item setTarget:target];
+    if ([name length] == 0 &&
+        [item respondsToSelector:@selector(setAllowsKeyEquivalentWhenHidden:)]) {
+        [item setHidden:YES];
+        [item setAllowsKeyEquivalentWhenHidden:YES];
+    }
+}
+
+} // namespace
 
 AppKitWindow::AppKitWindow()
     : window_(adopt<NSWindow>([[VexoraWindow alloc]
@@ -103,6 +97,20 @@ void AppKitApplication::setLanguage(const std::string& languageCode) {
     [[mainWindow_.window() contentView]
         setUserInterfaceLayoutDirection:fromRight ? NSUserInterfaceLayoutDirectionRightToLeft
                                                   : NSUserInterfaceLayoutDirectionLeftToRight];
+}
+
+void AppKitApplication::setCloseCommand(const std::string& name) {
+    const auto bar = adopt<NSMenu>([[NSMenu alloc] initWithTitle:@""]);
+    const auto menu = adopt<NSMenu>([[NSMenu alloc] initWithTitle:@""]);
+    NSWindow* const window = mainWindow_.window();
+    addCommand(menu, toNSString(name), @"w", @selector(performClose:), window);
+    addCommand(menu, @"", @"q", @selector(performClose:), window);
+    addCommand(menu, @"", @"m", @selector(performMiniaturize:), window);
+    addCommand(menu, @"", @"h", @selector(hide:), NSApp);
+    addCommand(menu, @"", @"c", @selector(copy:), nil);
+    addCommand(menu, @"", @"a", @selector(selectAll:), nil);
+    [[bar.get() addItemWithTitle:@"" action:nullptr keyEquivalent:@""] setSubmenu:menu];
+    setMainMenu(bar);
 }
 
 } // namespace Vexora

@@ -36,6 +36,11 @@
 - (void)setAppearance:(NSAppearance*)appearance;
 @end
 
+@interface NSMenuItem (OnlyOnMac)
+- (void)setHidden:(BOOL)hidden;
+- (void)setAllowsKeyEquivalentWhenHidden:(BOOL)allowed;
+@end
+
 @interface NSWorkspace (OnlyOnMac)
 - (BOOL)accessibilityDisplayShouldIncreaseContrast;
 @end
@@ -106,6 +111,16 @@ inline constexpr NSUInteger marginUnder = NSViewMinYMargin;
 inline constexpr NSUInteger marginOver = NSViewMinYMargin;
 inline constexpr NSUInteger marginUnder = NSViewMaxYMargin;
 #endif
+
+/// Makes a menu that of the application. GNUstep would give it the keys before the window has them, and
+/// its window goes on asking a menu that is gone.
+inline void setMainMenu(NSMenu* menu) {
+#ifdef GNUSTEP
+    [NSApp performSelector:@selector(setMainMenu:) withObject:[menu retain] afterDelay:0.0];
+#else
+    [NSApp setMainMenu:menu];
+#endif
+}
 
 /// Has the Tab key reach what the window holds now. macOS sees to that by itself.
 inline void renewKeyViewLoop(NSWindow* window) {

@@ -1,5 +1,7 @@
 #include "Platform/AppKit/PushButton.h"
 
+#include "Platform/AppKit/TextLabel.h"
+
 #include <algorithm>
 
 @implementation VexoraButton
@@ -47,8 +49,10 @@
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
-    // A covered button is no less the default one, and a key held down has been pressed before.
-    if ([self isHiddenOrHasHiddenAncestor] || [event isARepeat]) {
+    // A covered button is no less the default one, and a key held down has been pressed before. A link
+    // that has the focus is pressed itself.
+    if ([self isHiddenOrHasHiddenAncestor] || [event isARepeat] ||
+        [Vexora::as<VexoraTextLabel>([[self window] firstResponder]) isPressedBy:event]) {
         return NO;
     }
     NSString* const key = [event charactersIgnoringModifiers];

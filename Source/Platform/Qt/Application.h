@@ -69,6 +69,7 @@ public:
     void activateIgnoringOtherApps() override;
     void onWindowWillClose(std::function<void()> handler) override;
     void setLanguage(const std::string& languageCode) override;
+    void setCloseCommand(const std::string& /*name*/) override {}
     void exit(int status) override;
 
 protected:

@@ -72,6 +72,10 @@ void RecordingApplication::setLanguage(const std::string& languageCode) {
     calls_.add("setLanguage " + languageCode);
 }
 
+void RecordingApplication::setCloseCommand(const std::string& name) {
+    calls_.add("setCloseCommand " + name);
+}
+
 void RecordingApplication::exit(int status) {
     calls_.add("exit " + std::to_string(status));
     calls_.end();

@@ -42,6 +42,7 @@ public:
     void activateIgnoringOtherApps() override;
     void onWindowWillClose(std::function<void()> handler) override;
     void setLanguage(const std::string& languageCode) override;
+    void setCloseCommand(const std::string& name) override;
 
     /// Records the status, and nothing after it; the virtual time ends too.
     void exit(int status) override;

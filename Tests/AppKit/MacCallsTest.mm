@@ -1,6 +1,7 @@
 #include "AppKit/MacMethods.h"
 #include "Backend/Fixture.h"
 #include "Core/InstallRun.h"
+#include "Platform/AppKit/Accessibility.h"
 #include "Platform/AppKit/AdministratorScript.h"
 #include "Platform/AppKit/Conversions.h"
 #include "Platform/AppKit/TextLabel.h"
@@ -226,6 +227,21 @@ TEST_F(MacCalls, contrastIsBlackOnWhiteWithLinksUnderlined) {
         [widgetOf(*content) setNeedsDisplay:YES];
         const Vexora::Color paper = FrontEnd::picture(widgetOf(*content)).at(1, 1);
         EXPECT_EQ(BackendTest::areAlike(paper, Vexora::Color{1.0, 1.0, 1.0, 1.0}), contrast);
+    }
+}
+
+TEST_F(MacCalls, contrastComesWhileTheWindowIsShown) {
+    openWindow();
+    for (const bool contrast : {true, false}) {
+        FrontEnd::settle();
+        [find("startLabel") setNeedsDisplay:NO];
+        macCalls().contrast = contrast;
+        [[[NSWorkspace sharedWorkspace] notificationCenter]
+            postNotificationName:NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
+                          object:nil];
+        EXPECT_TRUE([find("startLabel") needsDisplay]);
+        EXPECT_TRUE(
+            [[frontEnd.window() backgroundColor] isEqual:Vexora::toNSColor(Vexora::paper())]);
     }
 }
 

@@ -123,6 +123,11 @@ std::map<id, std::string> sources;
     return AppKitTest::macCalls().contrast;
 }
 
+/// The toolkit's own posts to other programs alone.
+- (NSNotificationCenter*)notificationCenter {
+    return [NSNotificationCenter defaultCenter];
+}
+
 @end
 
 /// The toolkit's own knows of blanks alone.

@@ -15,7 +15,7 @@ public:
     AppKitWindow();
     AppKitWindow(const AppKitWindow&) = delete;
     AppKitWindow& operator=(const AppKitWindow&) = delete;
-    ~AppKitWindow() override { [window() orderOut:nil]; }
+    ~AppKitWindow() override;
 
     /// Shows the root view of the content as the whole of the window.
     /// \param content a pane.
@@ -28,6 +28,8 @@ public:
 
 private:
     Strong<NSWindow> window_;
+    /// Hears that the user asks for contrast, or no longer does.
+    Strong<VexoraHandler> contrastObserver_;
 };
 
 class AppKitApplication : public Application {

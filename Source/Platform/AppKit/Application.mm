@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-/// A window that a key held down does nothing to.
+/// A window that no key held down presses.
 @interface VexoraWindow : NSWindow
 @end
 
@@ -50,6 +50,18 @@ void addCommand(NSMenu* menu, NSString* name, NSString* key, SEL action, id targ
     }
 }
 
+/// Has a view and all that it holds painted anew.
+void paintAnew(NSView* view) {
+    [view setNeedsDisplay:YES];
+    for (NSUInteger index = 0; index < [[view subviews] count]; ++index) {
+        paintAnew([[view subviews] objectAtIndex:index]);
+    }
+}
+
+NSNotificationCenter* workspaceNews() {
+    return [[NSWorkspace sharedWorkspace] notificationCenter];
+}
+
 } // namespace
 
 AppKitWindow::AppKitWindow()
@@ -69,6 +81,19 @@ AppKitWindow::AppKitWindow()
         // The colours are for light paper, also on a dark desktop.
         [window_.get() setAppearance:[NSAppearance appearanceNamed:NSAppearanceNameAqua]];
     }
+    contrastObserver_ = makeHandler([this] {
+        [window() setBackgroundColor:toNSColor(paper())];
+        paintAnew([window() contentView]);
+    });
+    [workspaceNews() addObserver:contrastObserver_
+                        selector:@selector(handle:)
+                            name:NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
+                          object:nil];
+}
+
+AppKitWindow::~AppKitWindow() {
+    [workspaceNews() removeObserver:contrastObserver_];
+    [window() orderOut:nil];
 }
 
 void AppKitWindow::setContent(NSView* content) {

@@ -54,6 +54,8 @@
 - (id)executeAndReturnError:(NSDictionary**)error;
 @end
 
+#define NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification                                \
+    @"NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification"
 #define NSAccessibilityLinkRole @"AXLink"
 #define NSFontWeightSemibold CGFloat(0.3)
 #define NSBezelStyleRounded NSRoundedBezelStyle

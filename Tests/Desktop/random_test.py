@@ -11,7 +11,7 @@ from functools import partial
 
 from desktop import Desktop, wait_until
 from installer import LOG, ScratchStage
-from window import Windows
+from window import RETURN, Windows
 
 LONG = os.environ.get("VEXORA_LONG") == "1"
 SEED = os.environ.get("VEXORA_SEED", "1")
@@ -102,7 +102,7 @@ class RandomClosesTest(RandomTestCase):
                 program.close_at = None if aimed else now + self.random.uniform(0, 3)
         elif program.start_at is not None and now >= program.start_at:
             program.start_at = None
-            self.windows.operate("key", "--window", program.window, "Return")
+            self.windows.press(program.window, RETURN)
         elif program.close_at is None and program.has_begun():
             # The run looks at install once a second.
             program.close_at = now + self.random.choice((1, 2)) + self.random.uniform(-0.05, 0.4)

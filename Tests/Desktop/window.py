@@ -3,7 +3,17 @@
 import ctypes
 import subprocess
 
-CLIENT_MESSAGE = 33
+KEY_PRESS, KEY_RELEASE, CLIENT_MESSAGE = 2, 3, 33
+RETURN = 0xFF0D
+
+
+class KeyEvent(ctypes.Structure):
+    """A key that goes down or up in a window, as Xlib has it."""
+
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
+                ("window", ctypes.c_ulong), ("root", ctypes.c_ulong), ("child", ctypes.c_ulong), ("time", ctypes.c_ulong),
+                ("place", ctypes.c_int * 4), ("state", ctypes.c_uint), ("code", ctypes.c_uint), ("here", ctypes.c_int),
+                ("padding", ctypes.c_long * 12)]
 
 
 class ClientMessage(ctypes.Structure):
@@ -75,9 +85,19 @@ class Windows:
         subprocess.run(["xdotool", *map(str, arguments)], check=False, env=self._desktop.environment,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
+    def press(self, window, symbol):
+        """Has a window take a key, by its symbol; of xdotool's a window that has just come may get the release alone."""
+        code = self._library.XKeysymToKeycode(self._display, ctypes.c_ulong(symbol)) & 0xFF
+        root = self._library.XDefaultRootWindow(self._display)
+        for kind in (KEY_PRESS, KEY_RELEASE):
+            self._send(KeyEvent(kind, 0, 1, self._display, window, root, 0, 0, (1, 1, 1, 1), 0, code, 1))
+
     def close(self, window):
         """Tells a window that its owner closes it."""
         protocols, close = self._atom(b"WM_PROTOCOLS"), self._atom(b"WM_DELETE_WINDOW")
-        message = ClientMessage(CLIENT_MESSAGE, 0, 1, self._display, window, protocols, 32, (close, 0))
-        self._library.XSendEvent(self._display, ctypes.c_ulong(window), False, ctypes.c_long(0), ctypes.byref(message))
+        self._send(ClientMessage(CLIENT_MESSAGE, 0, 1, self._display, window, protocols, 32, (close, 0)))
+
+    def _send(self, event):
+        """Hands an event to the program of the window that it names."""
+        self._library.XSendEvent(self._display, ctypes.c_ulong(event.window), False, ctypes.c_long(0), ctypes.byref(event))
         self._library.XSync(self._display, False)

@@ -69,6 +69,8 @@ class LicenceTest(DesktopTestCase):
         self.installer.find("label", "Installation completed!")
 
     def test_failure_shows_over_the_open_licence(self):
+        # Another window of the program would be left to this one.
+        self.installer.wait_exit(self.installer.close_window)
         installer = self.started("await go; exit 30")
         installer.press(installer.find("link"))
         installer.find("label", "License Agreement")

@@ -41,7 +41,9 @@ namespace {
 /// Puts a command into a menu that a key gives together with the Command key. Without a name it is
 /// not shown, and the key gives it nevertheless.
 void addCommand(NSMenu* menu, NSString* name, NSString* key, SEL action, id target) {
-    NSMenuItem* const item = [menu addItemWithTitle:name action:action keyEquivalent:key];
+    NSMenuItem* const item = as<NSMenuItem>([menu addItemWithTitle:name
+                                                            action:action
+                                                     keyEquivalent:key]);
     [item setTarget:target];
     if ([name length] == 0 &&
         [item respondsToSelector:@selector(setAllowsKeyEquivalentWhenHidden:)]) {

@@ -114,16 +114,6 @@ inline constexpr NSUInteger marginOver = NSViewMinYMargin;
 inline constexpr NSUInteger marginUnder = NSViewMaxYMargin;
 #endif
 
-/// Makes a menu that of the application. GNUstep would give it the keys before the window has them, and
-/// its window goes on asking a menu that is gone.
-inline void setMainMenu(NSMenu* menu) {
-#ifdef GNUSTEP
-    [NSApp performSelector:@selector(setMainMenu:) withObject:[menu retain] afterDelay:0.0];
-#else
-    [NSApp setMainMenu:menu];
-#endif
-}
-
 /// Has the Tab key reach what the window holds now. macOS sees to that by itself.
 inline void renewKeyViewLoop(NSWindow* window) {
 #ifdef GNUSTEP
@@ -154,6 +144,17 @@ inline void objc_autoreleasePoolPop(void* pool) {
     [static_cast<id>(pool) release];
 }
 #endif
+
+/// Makes a menu that of the application. GNUstep would give it the keys before the window has them, and
+/// its window goes on asking a menu that is gone.
+inline void setMainMenu(NSMenu* menu) {
+#ifdef GNUSTEP
+    retain(menu);
+    [NSApp performSelector:@selector(setMainMenu:) withObject:menu afterDelay:0.0];
+#else
+    [NSApp setMainMenu:menu];
+#endif
+}
 
 /// Keeps an object alive for as long as it lives itself.
 template <class Kind>

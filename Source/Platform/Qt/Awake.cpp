@@ -28,7 +28,7 @@ void askLoginManager(const std::shared_ptr<QObject>& awake, const QString& reaso
 } // namespace
 
 std::shared_ptr<QObject> keepAwake(const QDBusConnection& bus, const QString& reason) {
-    const std::shared_ptr<QObject> awake(new QObject, [](QObject* last) { last->deleteLater(); });
+    std::shared_ptr<QObject> awake(new QObject, [](QObject* last) { last->deleteLater(); });
     const QVariantMap options{{"reason", reason}};
     ask(bus,
         callOf(portal, portalPath, "org.freedesktop.portal.Inhibit", "Inhibit",

@@ -77,7 +77,7 @@ class IdentifierTest(DesktopTestCase):
 
     def test_window_names_the_entry_of_the_menu(self):
         installer = self.launch(self.stage("exit 0"))
-        window = self.desktop.xdotool("getactivewindow").strip()
+        window = self.desktop.active_window()
         properties = subprocess.run(["xprop", "-id", window, "WM_CLASS"], env=self.desktop.environment, check=True,
                                     stdout=subprocess.PIPE, text=True).stdout
         self.assertEqual(properties, f'WM_CLASS(STRING) = "vexora-one-click-installer", "{IDENTIFIER}"\n')

@@ -69,6 +69,7 @@ class DisplayTest(FaultsTestCase):
         wait_until("the script", lambda: installer.stage.log_text() == BEGUN)
         self.own.bus.kill()
         self.own.bus.wait()
+        self.desktop = self.own  # of which the picture is taken
         installer.stage.mark("go").touch()
         wait_until("the end of the log", lambda: installer.stage.log_text() == f"{BEGUN}end\n")
         self.leave = lambda _: self.own.xdotool("key", "alt+F4")

@@ -148,7 +148,7 @@ TEST_F(Awake, asksTheLoginManagerWithoutAPortal) {
     ASSERT_TRUE(waitFor([this] { return !manager.asked.isEmpty(); }));
     EXPECT_EQ(manager.asked.front(),
               (QStringList{"sleep:shutdown", "Vexora Setup", "Vexora Setup", "block"}));
-    EXPECT_FALSE(manager.isFree());
+    EXPECT_FALSE(QTest::qWaitFor([this] { return manager.isFree(); }, 300));
     awake.reset();
     EXPECT_TRUE(waitFor([this] { return manager.isFree(); }));
 }

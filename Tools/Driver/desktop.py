@@ -73,9 +73,15 @@ class Desktop(Display):
 
     def screenshot(self, path):
         """Writes a picture of the active window with its frame; the file name tells the format."""
-        window = self.xdotool("getactivewindow").strip()
-        subprocess.run(["import", "-frame", "-window", window, str(path)], env=self.environment,
-                       check=True)
+        subprocess.run(["import", "-frame", "-window", self.active_window(), str(path)],
+                       env=self.environment, check=True)
+
+    def active_window(self):
+        """The number of the active window, once the window manager names it: the window knows earlier."""
+        asked = ["xdotool", "getactivewindow"]
+        return wait_until("an active window", lambda: subprocess.run(
+            asked, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+            check=False).stdout.strip())
 
     def xdotool(self, *arguments):
         """Runs xdotool and returns its output; raises when it fails."""
@@ -134,7 +140,12 @@ class Desktop(Display):
         # The first key of all gives the display its keyboard. A window manager that runs by then
         # takes its keys anew, and loses those that are typed meanwhile.
         self.xdotool("key", "shift")
-        self.process = self.start(["openbox", "--sm-disable"]).pid
+        # Its own menu would offer a click beside a window to end it.
+        menu = self.folder / "openbox/menu.xml"
+        menu.parent.mkdir()
+        menu.write_text('<openbox_menu><menu id="root-menu" label="Empty"/></openbox_menu>', encoding="utf-8")
+        environment = {**self.environment, "XDG_CONFIG_HOME": str(self.folder)}
+        self.process = self.start(["openbox", "--sm-disable"], environment).pid
         wait_until("the window manager", lambda: subprocess.run(
             ["xdotool", "get_desktop"], env=self.environment, stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL, check=False).returncode == 0)

@@ -5,7 +5,6 @@ execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/source-date" OUTPUT_VARIABLE 
                 COMMAND_ERROR_IS_FATAL ANY)
 
 # Texts, made from the strings files and from CHANGELOG.md.
-set(contact "Ondrel Vexora <security@ondrel-vexora.example>")
 set(texts "${CMAKE_CURRENT_BINARY_DIR}/texts")
 set(templates "${CMAKE_CURRENT_LIST_DIR}/Templates")
 set(made "${texts}/${VEXORA_IDENTIFIER}.desktop" "${texts}/${VEXORA_IDENTIFIER}.metainfo.xml"
@@ -20,9 +19,9 @@ file(GLOB template_files CONFIGURE_DEPENDS "${templates}/*")
 add_custom_command(
   OUTPUT ${made}
   COMMAND "${CMAKE_CURRENT_LIST_DIR}/make-texts" "${texts}" "identifier=${VEXORA_IDENTIFIER}"
-          "version=${PROJECT_VERSION}" "date=${date}" "homepage=${VEXORA_HOMEPAGE}"
+          "version=${CPACK_PACKAGE_VERSION}" "date=${date}" "homepage=${VEXORA_HOMEPAGE}"
           "help=${VEXORA_TROUBLESHOOTING_URL}" "vendor=${CPACK_PACKAGE_VENDOR}"
-          "contact=${contact}" "run_install=${VEXORA_RUN_INSTALL}"
+          "contact=${VEXORA_CONTACT}" "run_install=${VEXORA_RUN_INSTALL}"
   DEPENDS "${CMAKE_CURRENT_LIST_DIR}/make-texts" ${template_files} ${sources}
   COMMENT "Making the texts of the packages"
   VERBATIM)
@@ -64,7 +63,7 @@ set(CPACK_VEXORA_BUILD "${CMAKE_BINARY_DIR}")
 set(CPACK_VEXORA_DATE "${date}")
 set(CPACK_MONOLITHIC_INSTALL ON)
 set(CPACK_THREADS 1)
-set(CPACK_PACKAGE_CONTACT "${contact}")
+set(CPACK_PACKAGE_CONTACT "${VEXORA_CONTACT}")
 set(CPACK_PACKAGE_HOMEPAGE_URL "${VEXORA_HOMEPAGE}")
 set(CPACK_PACKAGE_DESCRIPTION "\
 One window and one button install the Ondrel Vexora Lumiq plug-in for web
@@ -91,7 +90,7 @@ set(CPACK_RPM_CHANGELOG_FILE "${texts}/changelog.rpm")
 # Names of packages are Fedora's. The other lines keep the building machine out of the package, and its
 # tools from changing the program.
 set(CPACK_RPM_SPEC_MORE_DEFINE "\
-Packager: ${contact}
+Packager: ${VEXORA_CONTACT}
 Recommends: (nautilus or dolphin or nemo or caja or Thunar or pcmanfm-qt)
 Recommends: xdg-utils
 Recommends: qt6-qtwayland
@@ -110,4 +109,4 @@ endforeach()
 
 set(CPACK_EXTERNAL_ENABLE_STAGING ON)
 set(CPACK_EXTERNAL_PACKAGE_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/PortableArchive.cmake")
-set(CPACK_PACKAGE_FILE_NAME "${CPACK_PACKAGE_NAME}-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR}")
+set(CPACK_PACKAGE_FILE_NAME "${CPACK_PACKAGE_NAME}-${CPACK_PACKAGE_VERSION}-${CMAKE_SYSTEM_PROCESSOR}")

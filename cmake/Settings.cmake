@@ -44,9 +44,29 @@ set(VEXORA_TROUBLESHOOTING_URL "https://support.ondrel-vexora.example/lumiq/trou
     CACHE STRING "Address of the troubleshooting page; must be an https address")
 set(VEXORA_HOMEPAGE "https://ondrel-vexora.example/lumiq"
     CACHE STRING "Address of the product's page, which packages name; below it, pictures/ holds those of docs/pictures")
+set(VEXORA_CONTACT "Ondrel Vexora <security@ondrel-vexora.example>"
+    CACHE STRING "Who answers for the packages, as NAME <ADDRESS>")
 foreach(address IN ITEMS VEXORA_TROUBLESHOOTING_URL VEXORA_HOMEPAGE)
-  if(NOT ${address} MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ ;\"\\]*)?$")
-    message(FATAL_ERROR "${address} must be an https address without blanks or quotes, but is \"${${address}}\".")
+  if(NOT ${address} MATCHES "^https://[A-Za-z0-9][A-Za-z0-9.-]*(:[0-9]+)?(/[^ #;\"\\]*)?$")
+    message(FATAL_ERROR "${address} must be an https address without blanks, quotes and #, but is \"${${address}}\".")
+  endif()
+endforeach()
+if(NOT VEXORA_CONTACT MATCHES "^[^<>;]+ <[^<>@; ]+@[^<>@; ]+>$")
+  message(FATAL_ERROR "VEXORA_CONTACT must be a name and an address as in NAME <ADDRESS>, but is \"${VEXORA_CONTACT}\".")
+endif()
+
+cmake_path(GET CMAKE_CURRENT_LIST_DIR PARENT_PATH source)
+set(VEXORA_PAYLOAD "${source}/Samples/Payload"
+    CACHE PATH "Folder of what is installed: install, unmount, payload.conf, and the plug-in's files in Plugin")
+foreach(name IN ITEMS install unmount payload.conf Plugin)
+  if(NOT EXISTS "${VEXORA_PAYLOAD}/${name}")
+    message(FATAL_ERROR "VEXORA_PAYLOAD must be a folder with ${name}, but is \"${VEXORA_PAYLOAD}\".")
+  endif()
+endforeach()
+foreach(name IN ITEMS install unmount)
+  execute_process(COMMAND test -x "${VEXORA_PAYLOAD}/${name}" RESULT_VARIABLE result)
+  if(result)
+    message(FATAL_ERROR "${VEXORA_PAYLOAD}/${name} must be executable.")
   endif()
 endforeach()
 
@@ -58,6 +78,12 @@ set(VEXORA_RUN_INSTALL ""
 if(NOT VEXORA_RUN_INSTALL MATCHES "^((/[A-Za-z0-9._-]+)+/run-install)?$")
   message(FATAL_ERROR
     "VEXORA_RUN_INSTALL must be the absolute path of a run-install, of plain letters, but is \"${VEXORA_RUN_INSTALL}\".")
+endif()
+
+option(VEXORA_PUBLICATION "Pack for publication, which takes complete licences; else packages are marked as a sample" OFF)
+set(VEXORA_PACKAGE_VERSION "${PROJECT_VERSION}~sample") # older than the version itself
+if(VEXORA_PUBLICATION)
+  set(VEXORA_PACKAGE_VERSION "${PROJECT_VERSION}")
 endif()
 
 set(VEXORA_SIGNING_IDENTITY "-"

@@ -1,18 +1,11 @@
-"""What accounts for the packages: sums, signature and bill of materials; and that they can be built again."""
+"""What accounts for the packages: sums and bill of materials."""
 
 import json
 import os
-import shutil
-import subprocess
 
-from case import PACKAGES, PROGRAM, SOURCE, STAGE, PackagesTestCase, archive, run, sha256
+from case import PACKAGES, PROGRAM, SOURCE, STAGE, PackagesTestCase, archive, listed_sums, run, sha256
 
 BILL = f"{PROGRAM}.spdx.json"
-
-
-def listed_sums(folder):
-    """The sums that a folder lists, by file."""
-    return {name: total for total, name in (line.split("  ") for line in (folder / "SHA256SUMS").read_text().splitlines())}
 
 
 class BillTest(PackagesTestCase):
@@ -59,38 +52,3 @@ class BillTest(PackagesTestCase):
         self.assertEqual(len(elements), len(set(elements)))
         for one, _, other in self.relations:
             self.assertLessEqual({one, other} - {"SPDXRef-DOCUMENT"}, set(elements))
-
-
-class AnotherBuildTest(PackagesTestCase):
-    """The same sources elsewhere: in another folder, at another time, by another user, under another umask and locale."""
-
-    def test_gives_the_same_bytes_and_signs_them(self):
-        copy = self.folder / "another folder"
-        home = self.folder / "home"
-        home.mkdir(mode=0o700)
-        for name in run("git", "-C", SOURCE, "ls-files", "-z").stdout.split("\0")[:-1]:
-            (copy / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(SOURCE / name, copy / name, follow_symlinks=False)
-        # A compiler's cache may bring what was compiled in the other folder, but not in the long run.
-        command = ["sh", "-c", "umask 077; chmod -R go= .; "
-                   "[ -w \"${CCACHE_DIR-.}/tmp\" ] && [ -z \"${VEXORA_LONG-}\" ] || export CCACHE_DISABLE=1; "
-                   "gpg --batch --quiet --passphrase '' --quick-generate-key publisher ed25519 sign && "
-                   "Packaging/build publisher"]
-        if os.geteuid() == 0:
-            for path in (self.folder, *self.folder.rglob("*")):
-                os.chown(path, 65534, 65534, follow_symlinks=False)
-            command = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", *command]
-        else:
-            command = ["fakeroot", *command]
-        date = run(SOURCE / "Packaging/source-date").stdout.strip()
-        environment = {**os.environ, "HOME": str(home), "GNUPGHOME": str(home), "LC_ALL": "tr_TR.UTF-8",
-                       "LANG": "tr_TR.UTF-8", "TZ": "Asia/Kathmandu", "SOURCE_DATE_EPOCH": date,
-                       "CCACHE_BASEDIR": str(copy)}
-        result = subprocess.run(command, cwd=copy, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                stderr=subprocess.STDOUT, text=True, check=False)
-        self.assertEqual(result.returncode, 0, result.stdout[-4000:])
-        self.assertEqual(listed_sums(copy / "build/packages"), listed_sums(PACKAGES))
-        verify = ("gpg", "--batch", "--verify", copy / "build/packages/SHA256SUMS.asc")
-        self.assert_works(run(*verify, copy / "build/packages/SHA256SUMS", env=environment))
-        (copy / "build/packages/SHA256SUMS").write_text("changed\n")
-        self.assertNotEqual(run(*verify, copy / "build/packages/SHA256SUMS", env=environment).returncode, 0)

@@ -37,6 +37,11 @@ def sha256(data):
     return hashlib.sha256(data).hexdigest()
 
 
+def listed_sums(folder):
+    """The sums that a folder lists, by file."""
+    return {name: total for total, name in (line.split("  ") for line in (folder / "SHA256SUMS").read_text().splitlines())}
+
+
 def archive(package):
     """The files of a package, opened."""
     if package.suffix == ".rpm":

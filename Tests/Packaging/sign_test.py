@@ -11,11 +11,12 @@ PREFIX = "com.ondrel.vexora.lumiq."
 # A project with the packages of this one, as they are on macOS, of a stage that lies beside it.
 PROJECT = f"""
 cmake_minimum_required(VERSION 3.25)
-project(Packages VERSION 9.8.7 LANGUAGES NONE)
+project(Packages LANGUAGES NONE)
 set(APPLE TRUE)
 set(VEXORA_BACKEND appkit)
 set(VEXORA_STAGE "${{CMAKE_CURRENT_SOURCE_DIR}}/stage")
 set(VEXORA_BUNDLE "{BUNDLE}")
+set(VEXORA_PACKAGE_VERSION 9.8.7~sample)
 set(VEXORA_SIGNING_IDENTITY [==[{IDENTITY}]==])
 set(VEXORA_NOTARY_PROFILE "a profile")
 include("{PACKAGING}/Packages.cmake")
@@ -100,7 +101,9 @@ class DiskImageTest(SignTestCase):
         return self.run_tool(os.environ["CPACK"], "--config", "build/CPackConfig.cmake", "-G", "TGZ")
 
     def test_bundle_comes_before_the_image_and_notarisation_last(self):
-        self.assert_works(self.pack())
+        packed = self.pack()
+        self.assert_works(packed)
+        self.assertEqual(packed.stderr.count("is marked as a sample"), 1)
         steps = []
         for call in self.calls():
             path = next(argument for argument in reversed(call) if "/" in argument)
@@ -109,7 +112,7 @@ class DiskImageTest(SignTestCase):
                 self.assertEqual(call[3], IDENTITY)
             if "--verify" not in call:
                 steps.append((call[0] if call[0] == "codesign" else call[2], Path(path).name))
-        image = f"{PROGRAM}-9.8.7.tar.gz"
+        image = f"{PROGRAM}-9.8.7~sample.tar.gz"
         self.assertEqual(steps, [("codesign", "install"), ("codesign", "unmount"), ("codesign", BUNDLE),
                                  ("codesign", image), ("submit", image), ("staple", image), ("validate", image)])
 

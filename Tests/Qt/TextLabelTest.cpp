@@ -207,6 +207,18 @@ TEST_F(TextLabel, paintsARunInItsColourThroughLinesThatEndInAWord) {
     EXPECT_GT(least, 200);
 }
 
+TEST_F(TextLabel, isAsLargeAsItsLatestTextAndFont) {
+    show("word");
+    fitTo(400);
+    QFont font = label.font();
+    font.setPointSize(3 * font.pointSize());
+    label.setFont(font);
+    EXPECT_GT(label.heightForWidth(400), label.fontMetrics().height());
+    EXPECT_GT(label.sizeHint().height(), label.fontMetrics().height());
+    show("");
+    EXPECT_LT(label.sizeHint().width(), label.fontMetrics().horizontalAdvance("word"));
+}
+
 TEST_F(TextLabel, centresWhenTheTextSaysSo) {
     label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     StyledText text("word");

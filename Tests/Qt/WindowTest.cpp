@@ -222,19 +222,32 @@ TEST_P(ReadingDirection, setsTheLicensesHeadingAndTextOnOneEdge) {
 
 TEST_F(Window, showsThatWorkGoesOnWhileTheBarRests) {
     enter(State::Install);
-    const auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
+    auto* bar = qobject_cast<QProgressBar*>(find("installProgress"));
     const auto sheen = [bar] { return bar->property("sheen"); };
     content->installView()->setIncrement(0.0);
+    const auto shinesNext = [&] {
+        bar->setProperty("sheen", 2.0);
+        EXPECT_TRUE(FrontEnd::waitFor([&] { return sheen() != 2.0; }));
+        return sheen().isValid();
+    };
     ASSERT_TRUE(FrontEnd::waitFor([&] { return sheen().isValid(); }));
-    const QVariant before = sheen();
-    EXPECT_TRUE(FrontEnd::waitFor([&] { return sheen() != before; }));
+    EXPECT_TRUE(shinesNext());
     auto* style = qobject_cast<Vexora::PaperStyle*>(QApplication::style());
     style->heed({.motion = false});
-    EXPECT_TRUE(FrontEnd::waitFor([&] { return !sheen().isValid(); }));
+    EXPECT_FALSE(shinesNext());
     style->heed({});
-    EXPECT_TRUE(FrontEnd::waitFor([&] { return sheen().isValid(); }));
+    EXPECT_TRUE(shinesNext());
     bar->window()->hide();
-    EXPECT_TRUE(FrontEnd::waitFor([&] { return !sheen().isValid(); }));
+    EXPECT_FALSE(shinesNext());
+}
+
+TEST_F(Window, restsBetweenTwoSheens) {
+    enter(State::Install);
+    const auto* bar = find("installProgress");
+    content->installView()->setIncrement(0.0);
+    for (const bool shines : {true, false}) {
+        EXPECT_TRUE(FrontEnd::waitFor([&] { return bar->property("sheen").isValid() == shines; }));
+    }
 }
 
 TEST_F(Window, hasNoSheenWhereNothingIsAnimated) {

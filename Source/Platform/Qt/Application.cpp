@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QVBoxLayout>
 #include <QWindow>
 
 #include <algorithm>
@@ -32,16 +31,15 @@ constexpr QSize usualFrame(8, 40);
 void QtWindow::setContent(QWidget* content) {
     content_ = qobject_cast<Pane*>(content);
     resize(content->size().boundedTo(room()));
-    auto* area = new QScrollArea;
+    auto* area = new QScrollArea(this);
+    area->resize(size());
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setAlignment(Qt::AlignCenter);
     area->setWidgetResizable(true);
     area->setWidget(content);
     content->installEventFilter(this);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(area);
+    area_ = area;
     // Before the desktop sees the window: where it is to move while its frame is put around it,
     // either move may come last.
     makeRoom();
@@ -97,6 +95,10 @@ void QtWindow::makeRoom() {
 
 bool QtWindow::event(QEvent* event) {
     const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::Resize && area_ != nullptr) {
+        // A layout would ask how large the area wants to be, and that for a typeface nobody sees.
+        area_->resize(size());
+    }
     const bool reshaped = event->type() == QEvent::Resize || event->type() == QEvent::Show;
     // A hidden window that grows while it is told of its size is not told again.
     if (reshaped && isVisible() && content_ != nullptr) {

@@ -46,6 +46,7 @@ private:
     void moveTo(QRect place);
 
     Pane* content_ = nullptr;
+    QWidget* area_ = nullptr;
     /// Whether the window goes to the middle once more, when its frame is known.
     bool centers_ = false;
 };

@@ -23,7 +23,10 @@
 
 #include <QApplication>
 
+#include <fontconfig/fontconfig.h>
+
 #include <cstdlib>
+#include <future>
 
 namespace Vexora {
 namespace {
@@ -116,6 +119,8 @@ void Backend::endWellAlways() {
 
 Backend::Backend(int /*argc*/, char** argv) {
     prepareProcess();
+    // What typefaces there are is read, where there is a processor for it, while the display is met.
+    const std::future<FcBool> typefaces = std::async(FcInit);
     parts_ = std::make_unique<Parts>(argv);
 }
 

@@ -26,14 +26,20 @@ void Picture::loadFrom(const std::string& folder) {
     path_ = folder + '/' + property("imageName").toString().toStdString();
     pixmap_ = {};
     update();
+    // There is time for it while the window is put on the screen.
+    QMetaObject::invokeMethod(this, &Picture::read, Qt::QueuedConnection);
 }
 
-void Picture::paintEvent(QPaintEvent*) {
+void Picture::read() {
     const bool dense = devicePixelRatioF() > 1.0;
     if (pixmap_.isNull() || dense != dense_) {
         dense_ = dense;
         pixmap_ = readPicture(path_ + (dense ? "@2x.png" : ".png"));
     }
+}
+
+void Picture::paintEvent(QPaintEvent*) {
+    read();
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), pixmap_);

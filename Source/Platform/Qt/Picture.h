@@ -26,6 +26,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Reads the picture as the screen shows it, unless that is there.
+    void read();
+
     std::string path_;
     QPixmap pixmap_;
     bool dense_ = false;

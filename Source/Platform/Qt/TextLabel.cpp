@@ -1,6 +1,5 @@
 #include "Platform/Qt/TextLabel.h"
 
-#include "Platform/LineBreaking.h"
 #include "Platform/Qt/Conversions.h"
 #include "Platform/Qt/Palette.h"
 #include "Platform/Qt/Pane.h"
@@ -17,7 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace Vexora {
 namespace {
@@ -51,7 +50,8 @@ void setLines(QTextLayout& layout, qreal width, QTextOption::WrapMode mode) {
     layout.endLayout();
 }
 
-/// What stands between the places where the toolkit lets a line of the text end.
+/// What stands between the places where the toolkit lets a line of the text end. Leaves each of its
+/// paragraphs on one line.
 std::vector<TextPiece> piecesOf(QTextLayout& layout) {
     std::vector<TextPiece> pieces;
     setLines(layout, 0.0, QTextOption::WordWrap);
@@ -62,7 +62,7 @@ std::vector<TextPiece> piecesOf(QTextLayout& layout) {
         pieces.push_back({static_cast<std::size_t>(line.textStart() + line.textLength()),
                           line.naturalTextWidth(), 0.0, static_cast<std::size_t>(letters)});
     }
-    setLines(layout, unlimited, QTextOption::NoWrap);
+    setLines(layout, unlimited, QTextOption::WrapAtWordBoundaryOrAnywhere);
     for (TextPiece& piece : pieces) {
         int place = static_cast<int>(piece.end);
         while (place > 0 && layout.text().at(place - 1).isSpace()) {
@@ -104,8 +104,7 @@ void endLine(QTextLayout& layout, qsizetype place) {
 
 /// Sets a prepared text in lines of at most that width. Where they end is put into the layout's
 /// text, so that the toolkit still breaks what is too wide.
-void chooseLines(QTextLayout& layout, qreal width) {
-    const std::vector<TextPiece> pieces = piecesOf(layout);
+void chooseLines(QTextLayout& layout, std::span<const TextPiece> pieces, qreal width) {
     const std::u16string text = layout.text().toStdU16String();
     for (const std::size_t end : lineEnds(text, pieces, markedIn(layout), width)) {
         if (pieces[end].end < text.size()) {
@@ -135,6 +134,7 @@ TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
 void TextLabel::setStyledText(const StyledText& text) {
     styledText_ = text;
     formats_ = toFormatRanges(text);
+    measures_.reset();
     // QLabel keeps the text of a label that takes the focus in a document as well.
     const Qt::FocusPolicy policy = focusPolicy();
     setFocusPolicy(Qt::NoFocus);
@@ -214,24 +214,24 @@ void TextLabel::click() {
     }
 }
 
-void TextLabel::prepare(QTextLayout& layout) const {
+void TextLabel::prepare() const {
     QString text = QLabel::text();
     text.replace('\n', QChar::LineSeparator);
     QTextOption option(lineAlignment());
     option.setTextDirection(layoutDirection());
-    layout.setText(text);
-    layout.setFont(font());
-    layout.setFormats(formats_);
-    layout.setTextOption(option);
+    layout_.setText(text);
+    layout_.setFont(font());
+    layout_.setFormats(formats_);
+    layout_.setTextOption(option);
+    // What is painted has been set already.
+    layout_.setCacheEnabled(true);
 }
 
-QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
-    prepare(layout);
-    chooseLines(layout, width);
+QSizeF TextLabel::stackLines() const {
     const QFontMetricsF own(font());
     QSizeF size(0.0, 0.0);
-    for (int i = 0; i < layout.lineCount(); ++i) {
-        QTextLine line = layout.lineAt(i);
+    for (int i = 0; i < layout_.lineCount(); ++i) {
+        QTextLine line = layout_.lineAt(i);
         // No less than the text's own font needs, whatever fonts stand in for it.
         const qreal ascent = qMax(line.ascent(), own.ascent());
         const qreal descent = qMax(line.descent(), own.descent());
@@ -242,30 +242,47 @@ QSizeF TextLabel::layOut(QTextLayout& layout, qreal width) const {
     return size;
 }
 
+const TextLabel::Measures& TextLabel::measures() const {
+    if (!measures_) {
+        setWidth_.reset();
+        prepare();
+        std::vector<TextPiece> pieces = piecesOf(layout_);
+        measures_ = {std::move(pieces), stackLines(), layout_.minimumWidth()};
+    }
+    return *measures_;
+}
+
+QSizeF TextLabel::layOut(qreal width) const {
+    const Measures& measured = measures();
+    if (width != setWidth_) {
+        prepare();
+        chooseLines(layout_, measured.pieces, width);
+        setWidth_ = width;
+        setSize_ = stackLines();
+    }
+    return setSize_;
+}
+
 QSize TextLabel::sizeHint() const {
-    QTextLayout layout;
-    const QSizeF size = layOut(layout, unlimited);
+    const QSizeF size = measures().size;
     return {static_cast<int>(std::ceil(size.width())) + 2 * padding,
             static_cast<int>(std::ceil(size.height())) + 2 * verticalPadding};
 }
 
 QSize TextLabel::minimumSizeHint() const {
-    QTextLayout layout;
-    layOut(layout, unlimited);
-    const int wordWidth = static_cast<int>(std::ceil(layout.minimumWidth()));
+    const int wordWidth = static_cast<int>(std::ceil(measures().widestWord));
     return {wordWidth + 2 * padding, fontMetrics().height() + 2 * verticalPadding};
 }
 
 int TextLabel::heightForWidth(int width) const {
-    QTextLayout layout;
-    const QSizeF size = layOut(layout, qMax(1, width - 2 * padding));
+    const QSizeF size = layOut(qMax(1, width - 2 * padding));
     return static_cast<int>(std::ceil(size.height())) + 2 * verticalPadding;
 }
 
-QPointF TextLabel::place(QTextLayout& layout) const {
+QPointF TextLabel::place() const {
     const QRect inside =
         contentsRect().adjusted(padding, verticalPadding, -padding, -verticalPadding);
-    const QSizeF size = layOut(layout, inside.width());
+    const QSizeF size = layOut(inside.width());
     qreal top = inside.top();
     const bool tooTall = size.height() > inside.height();
     if (alignment().testFlag(Qt::AlignVCenter) || tooTall) {
@@ -276,14 +293,23 @@ QPointF TextLabel::place(QTextLayout& layout) const {
     return {qreal(inside.left()), top};
 }
 
+void TextLabel::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange) {
+        measures_.reset();
+    }
+}
+
 bool TextLabel::showsFocus() const {
     return hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 void TextLabel::underline(bool underlined) {
     for (QTextLayout::FormatRange& range : formats_) {
-        if (range.format.hasProperty(QTextFormat::ForegroundBrush)) {
+        if (range.format.hasProperty(QTextFormat::ForegroundBrush) &&
+            range.format.fontUnderline() != underlined) {
             range.format.setFontUnderline(underlined);
+            setWidth_.reset();
         }
     }
 }
@@ -291,17 +317,16 @@ void TextLabel::underline(bool underlined) {
 void TextLabel::paintEvent(QPaintEvent*) {
     const bool stands = hovered_ || showsFocus() || PaperStyle::hasContrast(palette());
     underline(isClickable() && stands);
-    QTextLayout layout;
-    const QPointF origin = place(layout);
+    const QPointF origin = place();
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    layout.draw(&painter, origin);
+    layout_.draw(&painter, origin);
     if (showsFocus()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Palette::blue, 2.0));
         QRectF ring;
-        for (int line = 0; line < layout.lineCount(); ++line) {
-            const QRectF text = layout.lineAt(line).naturalTextRect().translated(origin);
+        for (int line = 0; line < layout_.lineCount(); ++line) {
+            const QRectF text = layout_.lineAt(line).naturalTextRect().translated(origin);
             ring = ring.united(text);
         }
         painter.drawRoundedRect(ring.adjusted(-3.0, -2.0, 3.0, 2.0), 4.0, 4.0);
@@ -317,11 +342,10 @@ void TextLabel::setHovered(bool hovered) {
 }
 
 void TextLabel::mouseMoveEvent(QMouseEvent* event) {
-    QTextLayout layout;
-    const QPointF position = event->position() - place(layout);
+    const QPointF position = event->position() - place();
     bool hovered = false;
-    for (int line = 0; line < layout.lineCount(); ++line) {
-        hovered = hovered || layout.lineAt(line).naturalTextRect().contains(position);
+    for (int line = 0; line < layout_.lineCount(); ++line) {
+        hovered = hovered || layout_.lineAt(line).naturalTextRect().contains(position);
     }
     setHovered(isClickable() && hovered);
 }

@@ -4,12 +4,15 @@
 // it is clickable.
 #pragma once
 
+#include "Platform/LineBreaking.h"
 #include "Platform/StyledText.h"
 
 #include <QLabel>
 #include <QTextLayout>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace Vexora {
 
@@ -45,6 +48,7 @@ public:
     int heightForWidth(int width) const override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -53,20 +57,33 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// What a text needs whatever the width of its lines: the pieces that one may end between, its size
+    /// without such ends, and the width of its widest word.
+    struct Measures {
+        std::vector<TextPiece> pieces;
+        QSizeF size;
+        qreal widestWord;
+    };
+
     /// The control that a property of the definition names; null for none, or while it is elsewhere.
     QWidget* namedBy(const char* property) const;
 
     void tellNews();
     QString description() const;
 
-    /// Hands the text, its formats and its options to a layout.
-    void prepare(QTextLayout& layout) const;
+    /// Hands the text, its formats and its options to the layout.
+    void prepare() const;
+
+    /// Puts the lines below one another; the result is the size that they take.
+    QSizeF stackLines() const;
+
+    const Measures& measures() const;
 
     /// Sets the text in lines of that width; the result is the size that they take.
-    QSizeF layOut(QTextLayout& layout, qreal width) const;
+    QSizeF layOut(qreal width) const;
 
     /// Sets the text in the lines that are painted; the result is their corner.
-    QPointF place(QTextLayout& layout) const;
+    QPointF place() const;
 
     bool showsFocus() const;
     void setHovered(bool hovered);
@@ -76,6 +93,12 @@ private:
     QList<QTextLayout::FormatRange> formats_;
     std::function<void()> clickHandler_;
     bool hovered_ = false;
+    /// The text as it was last set, for to set it costs more than all else here: its measures until it
+    /// changes, and the lines of one width.
+    mutable std::optional<Measures> measures_;
+    mutable QTextLayout layout_;
+    mutable std::optional<qreal> setWidth_;
+    mutable QSizeF setSize_;
 };
 
 /// Whether the key is one that presses what has the focus: Return, Enter or the space bar.

@@ -12,6 +12,7 @@
 #include <QTextDocument>
 #include <QTextOption>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace Vexora {
 namespace {
@@ -22,11 +23,12 @@ Pane* paneOf(View& view) {
     return owner == nullptr ? nullptr : qobject_cast<Pane*>(owner->widget());
 }
 
-/// How long a bar rests before it has a sheen, how long a step of that shows, in milliseconds, and
-/// how many steps it takes.
-constexpr int restBeforeSheen = 1500;
+/// How long a bar rests before a sheen passes over it, how long a step of that shows, in milliseconds,
+/// and at which step it is over. A step wakes the processor three times, as the display is waited for:
+/// with the rest, nine times a second.
+constexpr int restBeforeSheen = 3000;
 constexpr int stepOfSheen = 100;
-constexpr int stepsOfSheen = 24;
+constexpr int stepsOfSheen = 12;
 
 /// Lets the way to the end of a text lead there while lines that are out of sight are not set yet,
 /// which is done when there is time.
@@ -144,21 +146,24 @@ void QtProgressIndicator::applyThreadedAnimation() {
 
 void QtProgressIndicator::awaitRest() {
     step_ = 0;
-    bar()->setProperty("sheen", QVariant());
-    bar()->update();
+    if (bar()->property("sheen").isValid()) {
+        bar()->setProperty("sheen", QVariant());
+        bar()->update();
+    }
     const bool goesOn = usesThreadedAnimation() && bar()->value() < bar()->maximum();
     goesOn ? clock_.start(restBeforeSheen) : clock_.stop();
 }
 
 void QtProgressIndicator::shine() {
+    const QWindow* window = bar()->window()->windowHandle();
+    const bool seen = bar()->isVisible() && window != nullptr && window->isExposed();
     const bool moves = bar()->style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
-    if (!bar()->isVisible() || !moves) {
+    if (!seen || !moves || ++step_ == stepsOfSheen) {
         awaitRest();
         return;
     }
     bar()->setProperty("sheen", step_ / double(stepsOfSheen));
     bar()->update();
-    step_ = (step_ + 1) % stepsOfSheen;
     clock_.start(stepOfSheen);
 }
 

@@ -4,13 +4,16 @@
 
 #include "parser.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace VXLOCAL {
 
-/// The catalogue of one strings file, held in memory as a table ordered by the bytes of the keys.
+/// The catalogue of one strings file, held in memory as a table that has each key once.
 ///
 /// The file is a sequence of bytes in lines that end at a line feed; the last line may lack it. A
 /// line is an entry when cutting it at every `" = "` (quote, space, equals sign, space, quote)
@@ -50,8 +53,9 @@ public:
     /// \throws std::bad_alloc when memory runs out; the table stays as it was.
     void parse() override;
 
-    /// Looks a message up in logarithmic time. Nothing is allocated but the result, unless the key
-    /// holds a byte to escape or the value an escape.
+    /// Looks a message up in time in proportion to the key's length and the value's, in rare cases
+    /// also to the logarithm of the number of entries. Nothing is allocated but the result, unless
+    /// the key holds a byte to escape or the value an escape.
     /// \param key the message identifier in plain text, control characters as themselves.
     /// \return the value with its escapes interpreted, or the key exactly as passed.
     std::string getMessage(const std::string& key) const override;
@@ -64,16 +68,28 @@ private:
     struct Entry {
         std::string_view key;
         std::string_view value;
+        /// Whether the program writes the key as the file does, and whether the value has escapes.
+        bool isPlain;
+        bool hasEscapes;
     };
 
     static void readEntries(std::string_view text, std::vector<Entry>& entries);
-    void adopt(std::vector<Entry>& entries, std::vector<char>& text);
+    static std::size_t makeTable(std::vector<Entry>& entries, std::vector<std::uint64_t>& index);
+    static std::size_t slotOf(std::string_view key, std::uint64_t hash,
+                              const std::vector<Entry>& entries,
+                              const std::vector<std::uint64_t>& index);
+    const Entry* find(std::string_view key) const;
 
-    /// Sorted by the bytes of the keys, each key once: an ordered map to look at, but without an
-    /// allocation for every key and value, which is smaller and faster to build and to search.
+    /// Each key once, in the order of the lines. Nobody asks for that of the keys, but the entries
+    /// without a slot, those from `indexed_` on, stand in it, so that they are found.
     std::vector<Entry> messages;
+    std::size_t indexed_ = 0;
+    /// Finds nearly every key with one comparison: slots, a power of two and at least twice as many
+    /// as entries, that hold the number of an entry, counted from 1, and a part of its key's hash.
+    /// An entry takes the first free slot from the one that the hash says, if there is one near.
+    std::vector<std::uint64_t> index_ = std::vector<std::uint64_t>(1);
     /// Holds the keys and values of `messages`.
-    std::vector<char> bytes_;
+    std::unique_ptr<char[]> bytes_;
 };
 
 } // namespace VXLOCAL

@@ -75,6 +75,8 @@ private:
     ~Translator();
 
     std::unique_ptr<Parser> currentParser;
+    /// Memory for the key of the next tr(), which is therefore for one thread.
+    mutable std::string key_;
 };
 
 } // namespace VXLOCAL

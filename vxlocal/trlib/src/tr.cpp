@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace VXLOCAL {
 
@@ -65,15 +66,19 @@ std::string Translator::getMessage(const std::string& key) const {
 }
 
 std::string Translator::tr(const char* text, ...) const {
-    std::string result(text);
+    std::string result;
     if (currentParser) {
-        result = currentParser->getMessage(result);
+        std::string key = std::move(key_);
+        key = text;
+        result = currentParser->getMessage(key);
+        key_ = std::move(key);
+    } else {
+        result = text;
     }
 
     // Formatting copies a text without a percent sign, up to its first zero byte and the limit.
-    const std::size_t length = std::strlen(result.c_str());
-    if (std::memchr(result.data(), '%', length) == nullptr) {
-        result.resize(std::min(length, longestResult));
+    if (result.find('%') == std::string::npos) {
+        result.resize(std::min(std::strlen(result.c_str()), longestResult));
         return result;
     }
 

@@ -83,35 +83,37 @@ std::string trim(const std::string& text, const std::string& characters, bool wh
 }
 
 std::string escape(const std::string& text) {
-    std::string escaped;
-    escaped.reserve(text.size());
+    std::string escaped(2 * text.size(), '\0');
+    char* end = escaped.data();
     for (const char byte : text) {
         const char letter = escapeLetter(byte);
         if (letter == 0) {
-            escaped += byte;
+            *end++ = byte;
         } else {
-            escaped += '\\';
-            escaped += letter;
+            *end++ = '\\';
+            *end++ = letter;
         }
     }
+    escaped.erase(static_cast<std::size_t>(end - escaped.data()));
     return escaped;
 }
 
 bool needsEscape(std::string_view text) {
-    return std::ranges::any_of(text, [](char byte) { return escapeLetter(byte) != 0; });
+    char letters = 0;
+    for (const char byte : text) {
+        letters = static_cast<char>(letters | escapeLetter(byte));
+    }
+    return letters != 0;
 }
 
 std::string unescape(const std::string& text) {
-    std::string plain;
-    plain.reserve(text.size());
+    std::string plain(text);
+    char* end = plain.data();
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\\') {
-            // Behind the last one stands the string's zero, which is no letter.
-            plain += unescapedByte(text[++i]);
-        } else {
-            plain += text[i];
-        }
+        // Behind the last byte stands the string's zero, which is no letter.
+        *end++ = text[i] == '\\' ? unescapedByte(text[++i]) : text[i];
     }
+    plain.erase(static_cast<std::size_t>(end - plain.data()));
     return plain;
 }
 

@@ -54,6 +54,19 @@ void operator delete(void* memory, std::size_t) noexcept {
     operator delete(memory);
 }
 
+// The sanitizers have their own, which would not come to those above.
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+
+void operator delete[](void* memory) noexcept {
+    operator delete(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept {
+    operator delete(memory);
+}
+
 using namespace VXLOCAL;
 
 namespace {
@@ -112,6 +125,11 @@ TEST_F(Allocation, translationAllocatesTheFormatCopyAndTheResultOnly) {
     ASSERT_EQ(translator->tr("Installing %d of %d files now", 1, 2),
               "1 von 2 Dateien werden installiert");
     EXPECT_EQ(allocationsOf([=] { return translator->tr("Start"); }), 1U);
+    ASSERT_EQ(translator->tr("To install Ondrel Vexora Lumiq, click <b>Start</b>."), "Los");
+    EXPECT_EQ(allocationsOf([=] {
+                  return translator->tr("To install Ondrel Vexora Lumiq, click <b>Start</b>.");
+              }),
+              0U);
     EXPECT_LE(allocationsOf([=] { return translator->tr("Installing %d of %d files now", 1, 2); }),
               2U);
     EXPECT_LE(allocationsOf([=] { return translator->tr("A text that has no translation"); }), 2U);
@@ -160,4 +178,36 @@ TEST_F(Allocation, whatIsNoEntryIsNotKept) {
     parser.parse();
     EXPECT_EQ(parser.getMessage("Start"), "Los");
     EXPECT_LT(bytesInUse - before, size / 100);
+}
+
+TEST_F(Allocation, linesOfOneKeyAreKeptOnce) {
+    std::string bytes;
+    for (int i = 0; i < 10'000; ++i) {
+        bytes += "\"Start\" = \"Los\"\n";
+    }
+    folder_.write("Localizable.strings", bytes);
+    parser_.parse();
+    const std::size_t before = bytesInUse;
+    parser_.parse();
+    KVParser parser("Localizable.strings");
+    parser.setLocaleDir(folder_.path().string());
+    parser.parse();
+    EXPECT_EQ(parser.getMessage("Start"), "Los");
+    EXPECT_LT(bytesInUse - before, 1'000U);
+}
+
+TEST_F(Allocation, parsingAllocatesNothingPerEntry) {
+    std::string bytes;
+    for (int i = 0; i < 1'000; ++i) {
+        bytes += "\"Key " + std::to_string(i) + "\" = \"Los\"\n";
+    }
+    folder_.write("Localizable.strings", bytes);
+    KVParser parser("Localizable.strings");
+    parser.setLocaleDir(folder_.path().string());
+    EXPECT_LT(allocationsOf([&] {
+                  parser.parse();
+                  return 0;
+              }),
+              30U);
+    EXPECT_EQ(parser.getMessage("Key 999"), "Los");
 }

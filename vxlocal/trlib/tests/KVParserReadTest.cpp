@@ -37,9 +37,10 @@ struct Fault {
 
 Fault fault;
 
-/// How the file stood open when it was read last.
+/// How the file stood open when it was read last, and how often it was read.
 int flags = 0;
 int descriptorFlags = 0;
+int reads = 0;
 
 /// The file that grows.
 std::filesystem::path growing;
@@ -55,6 +56,7 @@ extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size) {
     }
     flags = fcntl(descriptor, F_GETFL);
     descriptorFlags = fcntl(descriptor, F_GETFD);
+    ++reads;
     std::ofstream(growing, std::ios::app) << std::exchange(fault.grown, {});
     if (fault.bytes == 0 && fault.error != 0) {
         errno = fault.error;
@@ -127,6 +129,7 @@ TEST_F(KVParserRead, errorKeepsWhatTheTableHeldBefore) {
 }
 
 TEST_F(KVParserRead, interruptedReadIsTriedAgain) {
+    folder_.write("Localizable.strings", std::string(first) + "\"Install\" = \"Installieren\"");
     parse({.chunk = 5, .bytes = 10, .error = EINTR, .once = true});
     EXPECT_EQ(parser_.getMessage("Close"), "Beenden");
     EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
@@ -137,11 +140,13 @@ TEST_F(KVParserRead, fileThatGrowsMeanwhileIsReadToItsEnd) {
     for (int i = 0; i < 200; ++i) {
         grown += "\"Key " + std::to_string(i) + "\" = \"" + std::to_string(i) + "\"\n";
     }
-    for (const std::string& before : std::vector<std::string>{first, ""}) {
+    // The second chunk ends once where the file ended.
+    for (const auto& [before, chunk] :
+         std::vector<std::pair<std::string, std::size_t>>{{first, 4096}, {first, 5}, {"", 4096}}) {
         KVParser parser("Localizable.strings");
         parser.setLocaleDir(folder_.path().string());
         folder_.write("Localizable.strings", before);
-        fault = {.active = true, .chunk = 4096, .grown = grown};
+        fault = {.active = true, .chunk = chunk, .grown = grown};
         parser.parse();
         fault = {};
         EXPECT_EQ(parser.getMessage("Close"), before.empty() ? "Close" : "Beenden");
@@ -160,6 +165,13 @@ TEST_F(KVParserRead, noOtherProgramInheritsTheFile) {
     descriptorFlags = 0;
     parse({.chunk = 4096});
     EXPECT_EQ(descriptorFlags, FD_CLOEXEC);
+}
+
+TEST_F(KVParserRead, fileIsReadAtOnce) {
+    reads = 0;
+    parse({.chunk = 4096});
+    EXPECT_EQ(reads, 1);
+    EXPECT_EQ(parser_.getMessage("Install"), "Installieren");
 }
 
 TEST_F(KVParserRead, fileIsReadInPiecesOfAnySize) {

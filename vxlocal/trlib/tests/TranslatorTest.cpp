@@ -5,10 +5,14 @@
 
 #include "TemporaryFolder.h"
 
+#include <cerrno>
+#include <cstring>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -239,15 +243,43 @@ TEST_F(Translator, getMessageAsksTheCatalogueAndFormatsNothing) {
 
 TEST_F(Translator, resultEndsAtItsFirstZeroByte) {
     using namespace std::string_view_literals;
-    init("\"Plain\" = \"In\0stall\"\n\"Formatted\" = \"%%In\0stall\"\n"sv);
+    init("\"Plain\" = \"In\0stall\"\n\"Formatted\" = \"%%In\0stall\"\n\"Behind\" = \"In\0%s\"\n"sv);
     EXPECT_EQ(translator().tr("Plain"), "In");
+    EXPECT_EQ(translator().tr("Behind"), "In");
     EXPECT_EQ(translator().tr("Formatted"), "%In");
     EXPECT_EQ(translator().tr("In%cstall", 0), "In");
 }
 
-TEST_F(Translator, conversionThatFailsNeverThrows) {
+TEST_F(Translator, conversionThatFailsEndsTheResult) {
     init("");
-    EXPECT_NO_THROW(translator().tr("Install %ls", L"\xD800"));
+    EXPECT_TRUE(
+        std::string_view("Install ").starts_with(translator().tr("Install %ls", L"\xD800")));
+}
+
+TEST_F(Translator, conversionThatFailsLeavesTheErrorThatATextTells) {
+    init("\"Install %ls\" = \"%m %ls\"\n");
+    errno = EPERM;
+    const std::string text = std::string(std::strerror(EPERM)) + ' ';
+    EXPECT_TRUE(text.starts_with(translator().tr("Install %ls", L"\xD800")));
+}
+
+TEST_F(Translator, catalogueMayTranslateAnotherTextMeanwhile) {
+    class AskingParser : public Parser {
+    public:
+        AskingParser() : Parser(stringsFile) {}
+        void parse() override {}
+        std::string getMessage(const std::string& key) const override {
+            return key.starts_with("Install") ? translator().tr("Another, longer text") + ", " + key
+                                              : key;
+        }
+    };
+    translator().init(new AskingParser, "de", "", stringsFile);
+    EXPECT_EQ(translator().tr("Install"), "Another, longer text, Install");
+    EXPECT_EQ(translator().tr("Install the product, %d %%", 7),
+              "Another, longer text, Install the product, 7 %");
+    EXPECT_EQ(translator().tr("Install the product, %d %%", 7),
+              "Another, longer text, Install the product, 7 %");
+    init("");
 }
 
 TEST_F(Translator, catalogueIsDestroyedAtProgramExit) {

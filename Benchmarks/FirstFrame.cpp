@@ -1,10 +1,10 @@
 // first_frame COMMAND [ARGUMENT...] starts a program and prints the milliseconds from there until
-// the X server has the first frame of the program's window, and the program's process number.
+// the X server has the first frame of the program's window, those for which the program had a
+// processor, and its process number. The end of the input ends the program.
 //
 // It looks from outside, as a client of the same display. The window is one that names the
 // program's process. Its frame is there when drawing has covered it all and shows more than one
-// colour, which an area that was cleared does not. For each line of input a number follows that
-// stands for the picture the window then shows; the end of the input ends the program.
+// colour, which an area that was cleared does not.
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
 
@@ -18,12 +18,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <iostream>
 #include <map>
 #include <memory>
 #include <span>
 #include <stdexcept>
-#include <string>
 
 namespace {
 
@@ -57,6 +57,21 @@ struct Drawn {
     }
 };
 
+struct Moment {
+    Clock::time_point time;
+    /// How long the program has had a processor until then.
+    double busy;
+};
+
+double busyMilliseconds(pid_t process) {
+    clockid_t clock = 0;
+    timespec busy{};
+    if (clock_getcpuclockid(process, &clock) == 0) {
+        clock_gettime(clock, &busy);
+    }
+    return double(busy.tv_sec) * 1e3 + double(busy.tv_nsec) / 1e6;
+}
+
 class Display {
 public:
     Display() : connection_(xcb_connect(nullptr, nullptr)) {
@@ -68,7 +83,7 @@ public:
             throw std::runtime_error("the display does not report damage");
         }
         damageNotify_ = extension->first_event + XCB_DAMAGE_NOTIFY;
-        Owned<xcb_damage_query_version_reply_t>(xcb_damage_query_version_reply(
+        const Owned<xcb_damage_query_version_reply_t> version(xcb_damage_query_version_reply(
             connection_, xcb_damage_query_version(connection_, 1, 1), nullptr));
         pidAtom_ =
             Owned<xcb_intern_atom_reply_t>(
@@ -77,7 +92,7 @@ public:
                 ->atom;
         const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
         const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
-        Owned<xcb_generic_error_t>(xcb_request_check(
+        const Owned<xcb_generic_error_t> error(xcb_request_check(
             connection_, xcb_change_window_attributes_checked(connection_, screen->root,
                                                               XCB_CW_EVENT_MASK, &events)));
     }
@@ -85,8 +100,8 @@ public:
     Display& operator=(const Display&) = delete;
     ~Display() { xcb_disconnect(connection_); }
 
-    /// Waits for the first frame of a window of that process; the result is when it was reported.
-    Clock::time_point awaitFrame(pid_t process) {
+    /// Waits for the first frame of a window of that process; the result is of when it was reported.
+    Moment awaitFrame(pid_t process) {
         const Clock::time_point last = Clock::now() + deadline;
         while (Clock::now() < last) {
             siginfo_t ended{};
@@ -96,7 +111,7 @@ public:
             }
             pollfd readable{xcb_get_file_descriptor(connection_), POLLIN, 0};
             poll(&readable, 1, 100);
-            const Clock::time_point now = Clock::now();
+            const Moment now{Clock::now(), busyMilliseconds(process)};
             while (const auto event = Owned<xcb_generic_event_t>(xcb_poll_for_event(connection_))) {
                 if (isFirstFrame(*event, process)) {
                     return now;
@@ -104,16 +119,6 @@ public:
             }
         }
         throw std::runtime_error("the program shows no frame");
-    }
-
-    /// Stands for the picture in the window whose frame was awaited.
-    std::uint64_t picture() const {
-        std::uint64_t sum = 14695981039346656037U;
-        const auto image = imageOf(window_, area_);
-        for (const std::uint32_t pixel : pixelsOf(image.get())) {
-            sum = (sum ^ (pixel & 0xffffffU)) * 1099511628211U;
-        }
-        return sum;
     }
 
 private:
@@ -127,14 +132,9 @@ private:
         }
         const auto& damage = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
         drawn_[damage.drawable].add(damage.area);
-        if (!drawn_[damage.drawable].covers(damage.geometry) ||
-            processOf(damage.drawable) != process ||
-            !showsSomething(damage.drawable, damage.geometry)) {
-            return false;
-        }
-        window_ = damage.drawable;
-        area_ = damage.geometry;
-        return true;
+        return drawn_[damage.drawable].covers(damage.geometry) &&
+               processOf(damage.drawable) == process &&
+               showsSomething(damage.drawable, damage.geometry);
     }
 
     void watch(xcb_window_t window) {
@@ -154,24 +154,17 @@ private:
         return *static_cast<const pid_t*>(xcb_get_property_value(reply.get()));
     }
 
-    Owned<xcb_get_image_reply_t> imageOf(xcb_window_t window, const xcb_rectangle_t& area) const {
-        return Owned<xcb_get_image_reply_t>(
+    bool showsSomething(xcb_window_t window, const xcb_rectangle_t& area) const {
+        const Owned<xcb_get_image_reply_t> image(
             xcb_get_image_reply(connection_,
                                 xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
                                               area.width, area.height, ~0U),
                                 nullptr));
-    }
-
-    static std::span<const std::uint32_t> pixelsOf(const xcb_get_image_reply_t* image) {
         if (image == nullptr) {
-            return {};
+            return false;
         }
-        return {reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image)), image->length};
-    }
-
-    bool showsSomething(xcb_window_t window, const xcb_rectangle_t& area) const {
-        const auto image = imageOf(window, area);
-        const auto pixels = pixelsOf(image.get());
+        const std::span pixels(
+            reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get())), image->length);
         return std::ranges::any_of(pixels, [&pixels](std::uint32_t pixel) {
             return ((pixel ^ pixels.front()) & 0xffffffU) != 0;
         });
@@ -181,8 +174,6 @@ private:
     int damageNotify_ = 0;
     xcb_atom_t pidAtom_ = XCB_ATOM_NONE;
     std::map<xcb_window_t, Drawn> drawn_;
-    xcb_window_t window_ = XCB_WINDOW_NONE;
-    xcb_rectangle_t area_{};
 };
 
 pid_t start(char** command) {
@@ -211,10 +202,10 @@ int main(int argc, char** argv) {
         Display display;
         const Clock::time_point begin = Clock::now();
         process = start(argv + 1);
-        const std::chrono::duration<double, std::milli> taken = display.awaitFrame(process) - begin;
-        std::cout << taken.count() << ' ' << process << std::endl;
-        for (std::string line; std::getline(std::cin, line);) {
-            std::cout << display.picture() << std::endl;
+        const Moment frame = display.awaitFrame(process);
+        const std::chrono::duration<double, std::milli> taken = frame.time - begin;
+        std::cout << taken.count() << ' ' << frame.busy << ' ' << process << std::endl;
+        while (std::cin.get() != EOF) {
         }
     } catch (const std::exception& error) {
         std::cerr << "first_frame: " << error.what() << '\n';

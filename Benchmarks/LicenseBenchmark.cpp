@@ -1,9 +1,9 @@
-// Shows how long a click on the licence notice takes until the licence is painted, for a licence of
-// 10 MB, beside the toolkit's own text views with the same file. Ends with the ratios; below 1 the
-// licence screen is faster. Each row also names the memory that the open text holds.
+// license_benchmark VIEW LINE_LENGTH prints the milliseconds from a click on the licence notice until
+// the licence is painted, and the MiB that the open text holds, for a licence of 10 MB. The view is
+// "installer" or one of the toolkit's own, QPlainTextEdit or QTextEdit; a length of 0 stands for the
+// paragraphs of the English agreement.
 //
 // Paints without a display, whatever the environment says.
-#include "MedianReporter.h"
 #include "Platform/Backend.h"
 #include "Platform/Posix/FileSystem.h"
 #include "Platform/Qt/Application.h"
@@ -21,12 +21,11 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include <benchmark/benchmark.h>
-
-#include <array>
+#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -43,28 +42,19 @@ void require(bool opened, const char* file) {
     }
 }
 
-/// How the text is set.
-struct Shape {
-    const char* name;
-    /// How many characters there are in a line; 0 for the paragraphs of the English agreement.
-    qsizetype lineLength;
-};
-
-constexpr std::array shapes{Shape{"paragraphs", 0}, Shape{"lines", 70}, Shape{"oneLine", fileSize}};
-
 /// A licence of 10 MB in the place where the program looks for it; removed at the end.
 class LicenseFile {
 public:
-    explicit LicenseFile(const Shape& shape) {
+    explicit LicenseFile(qsizetype lineLength) {
         QFile source(LICENSE_TEXT);
         require(source.open(QIODevice::ReadOnly), LICENSE_TEXT);
         QString agreement = QString::fromUtf8(source.readAll());
-        if (shape.lineLength > 0) {
+        if (lineLength > 0) {
             agreement.replace('\n', ' ');
         }
         constexpr qsizetype length = fileSize / qsizetype{sizeof(char16_t)} - 1;
         QString text = agreement.repeated(length / agreement.size() + 1).left(length);
-        for (qsizetype end = shape.lineLength; end > 0 && end < length; end += shape.lineLength) {
+        for (qsizetype end = lineLength; end > 0 && end < length; end += lineLength) {
             text[end] = '\n';
         }
         text.prepend(QChar::ByteOrderMark);
@@ -160,60 +150,36 @@ double allocated() {
 }
 
 template <typename Window>
-void open(benchmark::State& state, const Shape& shape) {
-    const LicenseFile license(shape);
-    for (auto _ : state) {
-        state.PauseTiming();
-        {
-            Window window(license);
-            PaintWatch watch;
-            const double before = allocated();
-            state.ResumeTiming();
-            window.openLicense();
-            watch.wait();
-            state.PauseTiming();
-            state.counters["MiB"] = allocated() - before;
-        }
-        state.ResumeTiming();
-    }
-}
-
-void addBenchmark(const std::string& name, void (*open)(benchmark::State&, const Shape&),
-                  const Shape& shape) {
-    benchmark::RegisterBenchmark(name.c_str(), open, shape)
-        ->Iterations(1)
-        ->Repetitions(3)
-        ->ReportAggregatesOnly()
-        ->Unit(benchmark::kMillisecond);
+void open(qsizetype lineLength) {
+    const LicenseFile license(lineLength);
+    Window window(license);
+    PaintWatch watch;
+    const double before = allocated();
+    const auto begin = std::chrono::steady_clock::now();
+    window.openLicense();
+    watch.wait();
+    const std::chrono::duration<double, std::milli> taken =
+        std::chrono::steady_clock::now() - begin;
+    std::cout << taken.count() << ' ' << allocated() - before << '\n';
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return EXIT_FAILURE;
-    }
+    const std::map<std::string, void (*)(qsizetype)> views{
+        {"installer", open<Installer>},
+        {"QPlainTextEdit", open<Peer<QPlainTextEdit>>},
+        {"QTextEdit", open<Peer<QTextEdit>>},
+    };
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Every window would be told to have no display.
     QLoggingCategory::setFilterRules("default.warning=false");
     try {
+        if (argc != 3) {
+            throw std::runtime_error("Usage: license_benchmark VIEW LINE_LENGTH");
+        }
         const Vexora::Backend backend(argc, argv);
-        for (const Shape& shape : shapes) {
-            const std::string name = shape.name;
-            addBenchmark(name + "Ours", open<Installer>, shape);
-            addBenchmark(name + "PlainTextEdit", open<Peer<QPlainTextEdit>>, shape);
-            addBenchmark(name + "TextEdit", open<Peer<QTextEdit>>, shape);
-        }
-        MedianReporter reporter;
-        benchmark::RunSpecifiedBenchmarks(&reporter);
-        std::printf("\nMedians of processor time, below 1 the licence screen is faster:\n");
-        for (const Shape& shape : shapes) {
-            const std::string name = shape.name;
-            for (const std::string peer : {"PlainTextEdit", "TextEdit"}) {
-                reporter.printRatio(name + ": ours/Q" + peer, name + "Ours", name + peer);
-            }
-        }
+        views.at(argv[1])(std::stoll(argv[2]));
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return EXIT_FAILURE;

@@ -4,7 +4,7 @@
 
 #include "parser.h"
 
-#include <cstddef>
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -73,21 +73,21 @@ private:
         bool hasEscapes;
     };
 
+    /// Numbers of entries, counted from 1, and behind them 0. As many entries as would be too many
+    /// for such a number take 160 GB.
+    using Bucket = std::array<std::uint32_t, 4>;
+
     static void readEntries(std::string_view text, std::vector<Entry>& entries);
-    static std::size_t makeTable(std::vector<Entry>& entries, std::vector<std::uint64_t>& index);
-    static std::size_t slotOf(std::string_view key, std::uint64_t hash,
-                              const std::vector<Entry>& entries,
-                              const std::vector<std::uint64_t>& index);
+    static void putInOrder(std::vector<Entry>& entries);
+    static std::vector<Bucket> indexOf(const std::vector<Entry>& entries);
     const Entry* find(std::string_view key) const;
 
-    /// Each key once, in the order of the lines. Nobody asks for that of the keys, but the entries
-    /// without a slot, those from `indexed_` on, stand in it, so that they are found.
+    /// Each key once, in byte-wise order.
     std::vector<Entry> messages;
-    std::size_t indexed_ = 0;
-    /// Finds nearly every key with one comparison: slots, a power of two and at least twice as many
-    /// as entries, that hold the number of an entry, counted from 1, and a part of its key's hash.
-    /// An entry takes the first free slot from the one that the hash says, if there is one near.
-    std::vector<std::uint64_t> index_ = std::vector<std::uint64_t>(1);
+    /// Finds nearly every key of `messages` with one comparison: a power of two of buckets, no fewer
+    /// than there are entries. Each entry is in the one that its key's hash says, unless that is
+    /// full.
+    std::vector<Bucket> index_ = indexOf({});
     /// Holds the keys and values of `messages`.
     std::unique_ptr<char[]> bytes_;
 };

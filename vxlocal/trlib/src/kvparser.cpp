@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <bit>
 #include <cerrno>
-#include <map>
+#include <functional>
 #include <optional>
-#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -20,13 +19,9 @@ namespace VXLOCAL {
 namespace {
 
 constexpr std::string_view separator = "\" = \"";
-constexpr std::size_t separatorMiddle = 2;
+constexpr std::size_t separatorMiddle = separator.find('=');
 
-/// The bits of a slot of the index that hold an entry's number; the others are of its key's hash.
-constexpr std::uint64_t numberBits = (std::uint64_t{1} << 40) - 1;
-/// So many slots, which lie in one or two lines of the processor's cache, are tried for a key.
-constexpr std::size_t longestRun = 8;
-constexpr std::size_t noSlot = std::string_view::npos;
+constexpr std::hash<std::string_view> hashOf;
 
 /// Bytes, and room for more.
 struct Text {
@@ -106,12 +101,12 @@ std::string_view trimmed(std::string_view text, char removed) {
 
 /// Where the first separator begins, `start` or later. Its middle is rarer in texts than quotes.
 std::size_t findSeparator(std::string_view line, std::size_t start) {
-    std::size_t middle = line.find(separator[separatorMiddle], start + separatorMiddle);
-    while (middle != std::string_view::npos) {
+    std::size_t middle = start + separatorMiddle;
+    while ((middle = line.find(separator[separatorMiddle], middle)) != std::string_view::npos) {
         if (line.substr(middle - separatorMiddle).starts_with(separator)) {
             return middle - separatorMiddle;
         }
-        middle = line.find(separator[separatorMiddle], middle + 1);
+        ++middle;
     }
     return std::string_view::npos;
 }
@@ -146,22 +141,13 @@ void KVParser::parse() {
         throw std::runtime_error("Could not open " + path + "\n");
     }
     Text text = file.readLines();
-    std::vector<Entry> entries;
-    entries.reserve(messages.size() + text.size / 64); // Most lines are longer.
-    entries = messages;
+    std::vector<Entry> entries = messages;
     readEntries(text.view(), entries);
-    const auto slots = [&entries] { return std::bit_ceil(2 * entries.size()); };
-    std::vector<std::uint64_t> index(slots());
-    std::size_t indexed = makeTable(entries, index);
-    if (index.size() > slots()) { // Many lines had a key of others.
-        index = std::vector<std::uint64_t>(slots());
-        indexed = makeTable(entries, index);
-    }
-    entries.shrink_to_fit();
+    putInOrder(entries);
+    std::vector<Bucket> index = indexOf(entries);
 
-    // A first file that mostly consists of keys and values is kept as it is; otherwise these are
-    // copied out, so that a table parsed again and again holds no more than twice what it can
-    // answer.
+    // A first file that mostly consists of keys and values is kept as it is. Otherwise these are
+    // copied out: a table parsed again and again holds no more than twice what it can answer.
     std::size_t size = 0;
     for (const Entry& entry : entries) {
         size += entry.key.size() + entry.value.size();
@@ -174,9 +160,8 @@ void KVParser::parse() {
         }
         text = std::move(copies);
     }
-    messages.swap(entries);
-    index_.swap(index);
-    indexed_ = indexed;
+    messages = std::move(entries);
+    index_ = std::move(index);
     bytes_ = std::move(text.bytes);
 }
 
@@ -196,55 +181,49 @@ void KVParser::readEntries(std::string_view text, std::vector<Entry>& entries) {
     }
 }
 
-/// Keeps the last of several entries with one key, and puts those without a slot behind the others,
-/// in the order of their keys.
-/// \return how many have a slot of the index, which is empty before.
-std::size_t KVParser::makeTable(std::vector<Entry>& entries, std::vector<std::uint64_t>& index) {
-    std::size_t count = 0;
-    std::map<std::string_view, Entry> crowded;
-    for (const Entry& entry : entries) {
-        const std::uint64_t hash = TRTools::hash(entry.key);
-        const std::size_t slot = slotOf(entry.key, hash, entries, index);
-        if (slot == noSlot) {
-            crowded.insert_or_assign(entry.key, entry);
-        } else if (index[slot] == 0) {
-            entries[count] = entry;
-            index[slot] = (hash & ~numberBits) | ++count;
-        } else {
-            entries[(index[slot] & numberBits) - 1] = entry;
-        }
+/// Puts the entries in the order of their keys, and keeps the last of several with one key.
+void KVParser::putInOrder(std::vector<Entry>& entries) {
+    // Files are often written in this order.
+    if (std::ranges::adjacent_find(entries, std::ranges::greater_equal(), &Entry::key) ==
+        entries.end()) {
+        return;
     }
-    entries.resize(count);
-    for (const auto& [key, entry] : crowded) {
-        entries.push_back(entry);
-    }
-    return count;
+    std::ranges::stable_sort(entries, {}, &Entry::key);
+    const auto earlier =
+        std::unique(entries.rbegin(), entries.rend(),
+                    [](const Entry& one, const Entry& other) { return one.key == other.key; });
+    entries.erase(entries.begin(), earlier.base());
+    entries.shrink_to_fit();
 }
 
-/// \return the slot of the key, else the free one that it would take, or noSlot.
-std::size_t KVParser::slotOf(std::string_view key, std::uint64_t hash,
-                             const std::vector<Entry>& entries,
-                             const std::vector<std::uint64_t>& index) {
-    for (std::size_t step = 0; step < longestRun; ++step) {
-        const std::size_t slot = (hash + step) & (index.size() - 1);
-        const std::uint64_t taken = index[slot];
-        if (taken == 0 ||
-            (((taken ^ hash) & ~numberBits) == 0 && entries[(taken & numberBits) - 1].key == key)) {
-            return slot;
+/// \return the index of entries in their order.
+std::vector<KVParser::Bucket> KVParser::indexOf(const std::vector<Entry>& entries) {
+    std::vector<Bucket> index(std::bit_ceil(entries.size()));
+    std::uint32_t number = 0;
+    for (const Entry& entry : entries) {
+        ++number;
+        Bucket& bucket = index[hashOf(entry.key) & (index.size() - 1)];
+        const auto place = std::ranges::find(bucket, 0U);
+        if (place != bucket.end()) {
+            *place = number;
         }
     }
-    return noSlot;
+    return index;
 }
 
 /// \param key as it is written in the file.
 const KVParser::Entry* KVParser::find(std::string_view key) const {
-    const std::size_t slot = slotOf(key, TRTools::hash(key), messages, index_);
-    if (slot != noSlot) {
-        return index_[slot] == 0 ? nullptr : &messages[(index_[slot] & numberBits) - 1];
+    for (const std::uint32_t number : index_[hashOf(key) & (index_.size() - 1)]) {
+        if (number == 0) {
+            return nullptr;
+        }
+        const Entry& entry = messages[number - 1];
+        if (entry.key == key) {
+            return &entry;
+        }
     }
-    const auto crowded = std::span(messages).subspan(indexed_);
-    const auto entry = std::ranges::lower_bound(crowded, key, {}, &Entry::key);
-    return entry != crowded.end() && entry->key == key ? &*entry : nullptr;
+    const auto entry = std::ranges::lower_bound(messages, key, {}, &Entry::key);
+    return entry != messages.end() && entry->key == key ? &*entry : nullptr;
 }
 
 std::string KVParser::getMessage(const std::string& key) const {
@@ -258,7 +237,7 @@ std::string KVParser::getMessage(const std::string& key) const {
     }
     std::string message(entry->value);
     if (entry->hasEscapes) {
-        return TRTools::unescape(message);
+        return TRTools::unescape(std::move(message));
     }
     return message;
 }

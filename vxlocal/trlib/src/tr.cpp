@@ -66,15 +66,10 @@ std::string Translator::getMessage(const std::string& key) const {
 }
 
 std::string Translator::tr(const char* text, ...) const {
-    std::string result;
-    if (currentParser) {
-        std::string key = std::move(key_);
-        key = text;
-        result = currentParser->getMessage(key);
-        key_ = std::move(key);
-    } else {
-        result = text;
-    }
+    std::string key = std::move(key_);
+    key = text;
+    std::string result = getMessage(key);
+    key_ = std::move(key);
 
     // Formatting copies a text without a percent sign, up to its first zero byte and the limit.
     if (result.find('%') == std::string::npos) {

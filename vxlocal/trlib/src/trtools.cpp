@@ -1,9 +1,6 @@
 #include "trtools.h"
 
-#include <algorithm>
-#include <array>
 #include <cassert>
-#include <iostream>
 
 #include <sys/stat.h>
 
@@ -14,23 +11,17 @@ namespace {
 constexpr std::string_view whitespaceCharacters = " \t\n\r\f\v";
 constexpr mode_t directoryBit = 0x4000;
 
-/// By byte: the letter that follows the backslash in its escaped form, or 0 for a byte that stays.
-constexpr std::array<char, 256> escapeLetters = [] {
-    std::array<char, 256> letters = {};
-    letters['\a'] = 'a';
-    letters['\b'] = 'b';
-    letters['\t'] = 't';
-    letters['\n'] = 'n';
-    letters['\v'] = 'v';
-    letters['\f'] = 'f';
-    letters['\r'] = 'r';
-    letters['"'] = '"';
-    letters['\\'] = '\\';
-    return letters;
-}();
+constexpr bool isControl(char byte) {
+    return byte >= '\a' && byte <= '\r';
+}
 
+constexpr bool isEscaped(char byte) {
+    return isControl(byte) || byte == '"' || byte == '\\';
+}
+
+/// What stands for a byte in its escaped form, behind the backslash if there is one.
 constexpr char escapeLetter(char byte) {
-    return escapeLetters[static_cast<unsigned char>(byte)];
+    return isControl(byte) ? "abtnvfr"[byte - '\a'] : byte;
 }
 
 /// What a backslash and this letter stand for.
@@ -83,38 +74,35 @@ std::string trim(const std::string& text, const std::string& characters, bool wh
 }
 
 std::string escape(const std::string& text) {
-    std::string escaped(2 * text.size(), '\0');
+    std::string escaped(2 * text.size(), '\\');
     char* end = escaped.data();
     for (const char byte : text) {
-        const char letter = escapeLetter(byte);
-        if (letter == 0) {
-            *end++ = byte;
-        } else {
-            *end++ = '\\';
-            *end++ = letter;
+        if (isEscaped(byte)) {
+            ++end; // Behind the backslash, otherwise in its place.
         }
+        *end++ = escapeLetter(byte);
     }
     escaped.erase(static_cast<std::size_t>(end - escaped.data()));
     return escaped;
 }
 
 bool needsEscape(std::string_view text) {
-    char letters = 0;
+    // Compilers can do this for many bytes at once.
+    unsigned escaped = 0;
     for (const char byte : text) {
-        letters = static_cast<char>(letters | escapeLetter(byte));
+        escaped |= static_cast<unsigned>(isEscaped(byte));
     }
-    return letters != 0;
+    return escaped != 0;
 }
 
-std::string unescape(const std::string& text) {
-    std::string plain(text);
-    char* end = plain.data();
+std::string unescape(std::string text) {
+    char* end = text.data();
     for (std::size_t i = 0; i < text.size(); ++i) {
         // Behind the last byte stands the string's zero, which is no letter.
         *end++ = text[i] == '\\' ? unescapedByte(text[++i]) : text[i];
     }
-    plain.erase(static_cast<std::size_t>(end - plain.data()));
-    return plain;
+    text.erase(static_cast<std::size_t>(end - text.data()));
+    return text;
 }
 
 std::string localeCountry(const std::string& locale) {
@@ -134,13 +122,6 @@ bool pathExists(const std::string& path) {
 bool dirExists(const std::string& path) {
     struct stat status;
     return stat(path.c_str(), &status) == 0 && (status.st_mode & directoryBit) != 0;
-}
-
-void printBytes(const std::string& text) {
-    std::cout << "Printing bytes of: " << text << '\n' << std::flush;
-    for (const char byte : text) {
-        std::cout << std::hex << byte << '\n' << std::flush;
-    }
 }
 
 } // namespace VXLOCAL::TRTools

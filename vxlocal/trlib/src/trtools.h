@@ -1,13 +1,8 @@
-// Work on byte strings for the localisation library: cutting, trimming, escaping, hashing, locale
-// names and paths. Functions take bytes, never code points, keep no state, and except printBytes
+// Work on byte strings for the localisation library: cutting, trimming, escaping, locale names and
+// paths. Functions take bytes, never code points, keep no state, and except printBytes
 // may run on any thread. They throw std::bad_alloc only.
 #pragma once
 
-#include <algorithm>
-#include <array>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,33 +33,7 @@ bool needsEscape(std::string_view text);
 /// Replaces every backslash and the byte behind it by one byte: a control character for a, b, f, n,
 /// r and t, the letter v for v, and a lone backslash for any other byte, which is lost. A backslash
 /// at the end of the text stays.
-std::string unescape(const std::string& text);
-
-/// \return a number that hardly any two texts share, which depends on the machine's order of bytes.
-inline std::uint64_t hash(std::string_view text) {
-    constexpr std::uint64_t factor = 0x9E37'79B9'7F4A'7C15; // odd, with no pattern in its bits
-    std::uint64_t left = text.size();
-    std::uint64_t right = factor;
-    // The upper half of a product depends on nearly all bits of its factors.
-    const auto mixed = [](std::uint64_t bits) { return std::rotl(bits * factor, 32); };
-    const auto mix = [&](const char* bytes) {
-        std::array<std::uint64_t, 2> words;
-        std::memcpy(words.data(), bytes, sizeof(words));
-        left = mixed(left ^ words[0]);
-        right = mixed(right ^ words[1]);
-    };
-    std::array<char, sizeof(left) + sizeof(right)> padded = {};
-    if (text.size() < padded.size()) {
-        std::ranges::copy(text, padded.begin());
-        text = {padded.data(), padded.size()};
-    }
-    const std::size_t last = text.size() - padded.size();
-    for (std::size_t i = 0; i < last; i += padded.size()) {
-        mix(text.data() + i);
-    }
-    mix(text.data() + last);
-    return mixed(left ^ right);
-}
+std::string unescape(std::string text);
 
 /// \return the part of a locale name before the first underscore, which is its language
 ///     whatever the function's name says: "pt" for "pt_BR".

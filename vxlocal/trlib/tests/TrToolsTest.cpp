@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <iostream>
-#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -149,31 +147,6 @@ TEST(TRTools, needsEscapeLooksAtEveryByte) {
     EXPECT_FALSE(TRTools::needsEscape("Open logs, \xC3\xA4"));
     EXPECT_TRUE(TRTools::needsEscape("Open logs\t"));
     EXPECT_TRUE(TRTools::needsEscape("\"Open logs"));
-}
-
-TEST(TRTools, hashDependsOnEveryByteAndOnTheLength) {
-    for (std::size_t length = 0; length < 50; ++length) {
-        const std::string text(length, '\0');
-        std::set<std::uint64_t> ends = {TRTools::hash(text) % 0x10000};
-        for (std::size_t i = 0; i < length; ++i) {
-            std::string other = text;
-            other[i] = 'x';
-            ends.insert(TRTools::hash(other) % 0x10000);
-        }
-        EXPECT_GE(ends.size(), length) << length; // One pair may happen to end alike.
-        EXPECT_NE(TRTools::hash(text), TRTools::hash(text + '\0')) << length;
-    }
-}
-
-TEST(TRTools, hashesOfNumberedTextsEndDifferently) {
-    constexpr std::size_t count = 10'000;
-    for (const std::string behind : {"", ".", " of %d", " of all the files in this folder"}) {
-        std::set<std::uint64_t> ends;
-        for (std::size_t i = 0; i < count; ++i) {
-            ends.insert(TRTools::hash("Copying the file " + std::to_string(i) + behind) % 0x8000);
-        }
-        EXPECT_GT(ends.size(), count * 8 / 10) << behind; // By chance it would be 86 in a hundred.
-    }
 }
 
 TEST(TRTools, unescapesTheSevenLettersAndDropsEveryOtherByte) {

@@ -1,6 +1,7 @@
 // translation_benchmark peers                     names the peers that were installed
 // translation_benchmark write COUNT FOLDER        writes that many texts in every form that a peer
-//                                                 reads or compiles
+//                                                 reads or compiles, in the order of their keys
+//                                                 as the first of them writes these
 // translation_benchmark PEER COUNT FOLDER CALLS   opens and checks them with one peer, and prints how
 //                                                 many nanoseconds of a processor it takes to open
 //                                                 them and translate one, to translate one more of
@@ -105,6 +106,7 @@ void write(std::vector<Text> texts, const std::string& folder) {
     Form strings(folder + "/texts.strings", "", {"", " = ", "\n"});
     Form catalogue(folder + "/texts.po", head, around);
     Form json(folder + "/texts.json", "{\n", {"", ": ", ",\n"});
+    std::ranges::sort(texts, {}, [](const Text& text) { return quoted(text.key); });
     for (const Text& text : texts) {
         for (Form* form : {&strings, &catalogue, &json}) {
             form->add(text.key, text.value);
@@ -117,7 +119,7 @@ void write(std::vector<Text> texts, const std::string& folder) {
     Form catalogueOfQt(folder + "/qt.po", head, around);
     Form bundle(folder + "/de.txt", "de {\n", {"", " { ", " }\n"});
     // The bundle's compiler takes for ever over any other order.
-    std::ranges::sort(texts, std::ranges::greater(), &Text::key);
+    std::ranges::reverse(texts);
     for (Text& text : texts) {
         bundle.add(text.key, text.value);
         if (text.hasArgument) {

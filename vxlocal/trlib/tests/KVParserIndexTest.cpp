@@ -100,7 +100,7 @@ TEST_F(KVParserIndex, keysThatBeginAlikeAreToldApartAtAnyLength) {
 }
 
 TEST_F(KVParserIndex, findsAndMergesKeysWhoseHashesEndAlike) {
-    // As the file writes them; too many for the slots at the end and the start where they belong.
+    // As the file writes them; too many for the bucket where they belong.
     std::vector<std::string> keys;
     for (int i = 0; keys.size() < 200; ++i) {
         const std::string key = "This is the message\\nnumber " + std::to_string(i);

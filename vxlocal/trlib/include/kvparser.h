@@ -68,6 +68,8 @@ private:
     struct Entry {
         std::string_view key;
         std::string_view value;
+        /// Says which bucket the key is in.
+        std::uint32_t hash;
         /// Whether the program writes the key as the file does, and whether the value has escapes.
         bool isPlain;
         bool hasEscapes;
@@ -84,8 +86,8 @@ private:
 
     /// Each key once, in byte-wise order.
     std::vector<Entry> messages;
-    /// Finds nearly every key of `messages` with one comparison: a power of two of buckets, no fewer
-    /// than there are entries. Each entry is in the one that its key's hash says, unless that is
+    /// Finds nearly every key of `messages` with one or two comparisons: a power of two of buckets, no
+    /// fewer than there are entries. Each entry is in the one that its key's hash says, unless that is
     /// full.
     std::vector<Bucket> index_ = indexOf({});
     /// Holds the keys and values of `messages`.

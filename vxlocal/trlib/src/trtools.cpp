@@ -1,6 +1,7 @@
 #include "trtools.h"
 
 #include <cassert>
+#include <iostream>
 
 #include <sys/stat.h>
 
@@ -95,14 +96,15 @@ bool needsEscape(std::string_view text) {
     return escaped != 0;
 }
 
-std::string unescape(std::string text) {
-    char* end = text.data();
+std::string unescape(const std::string& text) {
+    std::string plain(text);
+    char* end = plain.data();
     for (std::size_t i = 0; i < text.size(); ++i) {
         // Behind the last byte stands the string's zero, which is no letter.
         *end++ = text[i] == '\\' ? unescapedByte(text[++i]) : text[i];
     }
-    text.erase(static_cast<std::size_t>(end - text.data()));
-    return text;
+    plain.erase(static_cast<std::size_t>(end - plain.data()));
+    return plain;
 }
 
 std::string localeCountry(const std::string& locale) {
@@ -122,6 +124,13 @@ bool pathExists(const std::string& path) {
 bool dirExists(const std::string& path) {
     struct stat status;
     return stat(path.c_str(), &status) == 0 && (status.st_mode & directoryBit) != 0;
+}
+
+void printBytes(const std::string& text) {
+    std::cout << "Printing bytes of: " << text << '\n' << std::flush;
+    for (const char byte : text) {
+        std::cout << std::hex << byte << '\n' << std::flush;
+    }
 }
 
 } // namespace VXLOCAL::TRTools

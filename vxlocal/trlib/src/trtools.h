@@ -33,7 +33,7 @@ bool needsEscape(std::string_view text);
 /// Replaces every backslash and the byte behind it by one byte: a control character for a, b, f, n,
 /// r and t, the letter v for v, and a lone backslash for any other byte, which is lost. A backslash
 /// at the end of the text stays.
-std::string unescape(std::string text);
+std::string unescape(const std::string& text);
 
 /// \return the part of a locale name before the first underscore, which is its language
 ///     whatever the function's name says: "pt" for "pt_BR".

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,8 @@ struct Fault {
     bool active = false;
     /// At most so many bytes per call.
     std::size_t chunk = 0;
+    /// So many of them in the first call, but for 0.
+    std::size_t start = 0;
     /// So many bytes are read before the error comes.
     std::size_t bytes = 0;
     int error = 0;
@@ -65,7 +68,7 @@ extern "C" ssize_t __wrap_read(int descriptor, void* buffer, size_t size) {
         }
         return -1;
     }
-    size = std::min(size, fault.chunk);
+    size = std::min(size, fault.start != 0 ? std::exchange(fault.start, 0) : fault.chunk);
     if (fault.error != 0) {
         size = std::min(size, fault.bytes);
     }
@@ -140,13 +143,15 @@ TEST_F(KVParserRead, fileThatGrowsMeanwhileIsReadToItsEnd) {
     for (int i = 0; i < 200; ++i) {
         grown += "\"Key " + std::to_string(i) + "\" = \"" + std::to_string(i) + "\"\n";
     }
-    // The second chunk ends once where the file ended.
-    for (const auto& [before, chunk] :
-         std::vector<std::pair<std::string, std::size_t>>{{first, 4096}, {first, 5}, {"", 4096}}) {
+    // Chunks end where the file ended, and one is as long as it was.
+    const std::size_t length = std::string(first).size();
+    for (const auto& [before, start, chunk] :
+         std::vector<std::tuple<std::string, std::size_t, std::size_t>>{
+             {first, 0, 4096}, {first, 0, 5}, {first, 1, length}, {"", 0, 4096}}) {
         KVParser parser("Localizable.strings");
         parser.setLocaleDir(folder_.path().string());
         folder_.write("Localizable.strings", before);
-        fault = {.active = true, .chunk = chunk, .grown = grown};
+        fault = {.active = true, .chunk = chunk, .start = start, .grown = grown};
         parser.parse();
         fault = {};
         EXPECT_EQ(parser.getMessage("Close"), before.empty() ? "Close" : "Beenden");

@@ -5,8 +5,6 @@
 
 #include "TemporaryFolder.h"
 
-#include <cerrno>
-#include <cstring>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -256,12 +254,13 @@ TEST_F(Translator, conversionThatFailsEndsTheResult) {
         std::string_view("Install ").starts_with(translator().tr("Install %ls", L"\xD800")));
 }
 
-TEST_F(Translator, conversionThatFailsLeavesTheErrorThatATextTells) {
-    init("\"Install %ls\" = \"%m %ls\"\n");
+#ifndef __APPLE__ // There %m means nothing.
+TEST_F(Translator, formattingSeesTheCallersError) {
+    init("\"Install\" = \"Fehler: %m\"\n");
     errno = EPERM;
-    const std::string text = std::string(std::strerror(EPERM)) + ' ';
-    EXPECT_TRUE(text.starts_with(translator().tr("Install %ls", L"\xD800")));
+    EXPECT_EQ(translator().tr("Install"), std::string("Fehler: ") + std::strerror(EPERM));
 }
+#endif
 
 TEST_F(Translator, catalogueMayTranslateAnotherTextMeanwhile) {
     class AskingParser : public Parser {
@@ -286,14 +285,17 @@ TEST_F(Translator, catalogueIsDestroyedAtProgramExit) {
     class LoudParser : public Parser {
     public:
         LoudParser() : Parser(stringsFile) {}
-        ~LoudParser() override { std::fputs("catalogue destroyed\n", stderr); }
+        ~LoudParser() override {
+            std::fputs(translator().tr("The catalogue is destroyed.\n").c_str(), stderr);
+        }
         void parse() override {}
         std::string getMessage(const std::string& key) const override { return key; }
     };
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto run = [] {
         translator().init(new LoudParser, "de", "", stringsFile);
+        EXPECT_EQ(translator().tr("A text that takes memory"), "A text that takes memory");
         std::exit(EXIT_SUCCESS);
     };
-    EXPECT_EXIT(run(), testing::ExitedWithCode(EXIT_SUCCESS), "catalogue destroyed");
+    EXPECT_EXIT(run(), testing::ExitedWithCode(EXIT_SUCCESS), "The catalogue is destroyed.");
 }

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -160,12 +161,16 @@ private:
 class MapPeer : public PrintfPeer {
 public:
     std::string_view translate(const Text& text) override {
-        const auto found = texts_.find(text.key.c_str());
+        const auto found = texts_.find(std::string_view(text.key.c_str()));
         return format((found == texts_.end() ? text.key : found->second).c_str());
     }
 
 protected:
-    std::unordered_map<std::string, std::string> texts_;
+    /// Looks up without a copy of the key.
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    std::unordered_map<std::string, std::string, Hash, std::equal_to<>> texts_;
 };
 
 class MapLoader : public MapPeer {

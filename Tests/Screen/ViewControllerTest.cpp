@@ -140,6 +140,7 @@ TEST_F(ViewController, onlyTheStartScreenIsLoadedAtFirst) {
 TEST_F(ViewController, startScreenIsInsideTheContainerAndNothingElseMoves) {
     openWindow();
     EXPECT_EQ(namesOfSubviews(*root), (Lines{"lumiqLogo", "containerView", "licenseLabel"}));
+    EXPECT_EQ(window->lumiqLogo(), root->subviews().front());
     EXPECT_EQ(namesOfSubviews(*window->containerView()), Lines{"view(StartViewController)"});
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <string>
 
 using namespace ScreenTest;
@@ -76,7 +77,8 @@ TEST_F(ThreadedInstall, refusedRightsAreShownWhileTheLicenceIsOpenedAndLeft) {
 }
 
 TEST_F(ThreadedInstall, logPathsAreWholeWhileAnotherThreadSetsThem) {
-    const std::array<std::string, 2> paths = {std::string(40, 'a'), std::string(4000, 'b')};
+    // So long that nearly all of the time goes into copying them.
+    const std::array paths = {std::string(100'000, 'a'), std::string(100'000, 'b')};
     Vexora::BaseViewController controller(seam);
     const auto set = [&](const std::string& path) {
         controller.setLogFolderPath(path);
@@ -85,17 +87,19 @@ TEST_F(ThreadedInstall, logPathsAreWholeWhileAnotherThreadSetsThem) {
     set(paths[0]);
     std::atomic<bool> finished = false;
     background.async([&] {
-        for (std::size_t turn = 0; turn < 5000; ++turn) {
+        for (std::size_t turn = 0; !finished; ++turn) {
             set(paths[turn % 2]);
         }
-        finished = true;
     });
     std::size_t torn = 0;
-    while (!finished) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    while (std::chrono::steady_clock::now() < end) {
         for (const std::string& path : {controller.logFolderPath(), controller.logFilePath()}) {
             torn += path != paths[0] && path != paths[1];
         }
     }
+    finished = true;
+    background.join();
     EXPECT_EQ(torn, 0U);
 }
 

@@ -5,7 +5,7 @@ import os
 import tarfile
 from pathlib import Path
 
-from case import IDENTITY, PackagingTestCase
+from case import IDENTITY, PACKAGING, PackagingTestCase
 
 PAYLOAD_PROJECT = """
 cmake_minimum_required(VERSION 3.25)
@@ -85,6 +85,12 @@ class SettingsTest(PackagingTestCase):
             self.assertNotEqual(result.returncode, 0, contact)
             self.assertIn("VEXORA_CONTACT must be a name and an address", " ".join(result.stderr.split()))
 
+    def test_empty_key_is_refused_before_anything_is_built(self):
+        for rest in ((), ("-D", "VEXORA_PUBLICATION=ON")):
+            result = self.run_tool(PACKAGING / "build", "", *rest)
+            self.assertEqual(result.returncode, 2)
+            self.assertIn("Usage: ", result.stderr)
+
     def test_takes_no_place_of_run_install_that_a_shell_could_read_otherwise(self):
         self.assert_works(self.settings(RUN_INSTALL="/usr/lib/a_b.c-1/run-install"))
         for path in ("run-install", "/run-installer", "/usr/lib/install", "/my lib/run-install", "/a'/run-install",
@@ -97,7 +103,7 @@ class SettingsTest(PackagingTestCase):
 class PayloadTest(PackagingTestCase):
     """A payload of a publisher's."""
 
-    folder_name = "My  disk ü"
+    folder_name = "My  disk [1] ü"
 
     def setUp(self):
         super().setUp()
@@ -129,15 +135,34 @@ class PayloadTest(PackagingTestCase):
         self.write(self.plugin / "Contents/Info.plist", b"")
         self.assertEqual(self.members(), {"Contents/Info.plist": ""})
 
+    def assert_refused(self, settings, message):
+        result = self.configure(settings)
+        self.assertNotEqual(result.returncode, 0, settings)
+        self.assertIn(message, " ".join(result.stderr.split()))
+
     def test_is_refused_where_install_would_fail(self):
         self.plugin.mkdir()
         for settings, message in ((CONF, "Plugin is empty."),
                                   (CONF.replace("7.1", "7.1-beta"), "names 7.1-beta."),
                                   (CONF.replace("7.1", "7..1"), "names 7..1."),
+                                  (CONF.replace("7.1", "7.1234567890"), "names 7.1234567890."),
                                   (CONF.replace("\n", "\r\n"), "ends in a blank or a carriage return."),
                                   (CONF.replace("gz\n", "gz \n"), "ends in a blank or a carriage return."),
-                                  (CONF.replace("Player.", "Player/"), "has no line PLUGIN=, or one with a slash"),
-                                  (CONF.replace("Player.", "Player;"), "has no line PLUGIN=, or one with a slash")):
-            result = self.configure(settings)
-            self.assertNotEqual(result.returncode, 0, settings)
-            self.assertIn(message, " ".join(result.stderr.split()))
+                                  (CONF.replace("Player.", "Player/"), "must have one line PLUGIN="),
+                                  (CONF.replace("Player.", "Player;"), "must have one line PLUGIN="),
+                                  (CONF.replace("Velmär Player.plugin", ".."), "must have one line PLUGIN="),
+                                  (CONF + "PLUGIN=Another.plugin\n", "must have one line PLUGIN="),
+                                  (CONF + "PLUGIN=An/other.plugin\n", "must have one line PLUGIN=")):
+            self.assert_refused(settings, message)
+
+    def test_is_refused_with_files_that_cannot_be_packed(self):
+        self.write(self.plugin / "player.module", b"")
+        nowhere = self.plugin / "nowhere"
+        nowhere.symlink_to("missing")
+        self.assert_refused(CONF, "nowhere is a link to nothing")
+        nowhere.unlink()
+        for name in ("a[b", "a;b"):
+            self.write(self.plugin / name, b"")
+            self.assert_refused(CONF, "its name holds a semicolon or a bracket")
+            (self.plugin / name).unlink()
+        self.assert_works(self.configure(CONF))

@@ -166,9 +166,12 @@ public:
     }
 
 protected:
-    /// Looks up without a copy of the key.
-    struct Hash : std::hash<std::string_view> {
+    /// Looks up without a copy of the key. Tables keep the hashes of one that may throw.
+    struct Hash {
         using is_transparent = void;
+        std::size_t operator()(std::string_view key) const {
+            return std::hash<std::string_view>()(key);
+        }
     };
     std::unordered_map<std::string, std::string, Hash, std::equal_to<>> texts_;
 };

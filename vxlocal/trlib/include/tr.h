@@ -74,10 +74,9 @@ private:
     Translator();
     ~Translator();
 
-    /// Memory for the key of the next tr(), which is therefore for one thread. Outlives the catalogue,
-    /// which may translate while it is destroyed.
-    mutable std::string key_;
     std::unique_ptr<Parser> currentParser;
+    /// Memory for the key of the next tr(), which is therefore for one thread.
+    mutable std::string key_;
 };
 
 } // namespace VXLOCAL

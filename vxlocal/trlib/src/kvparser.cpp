@@ -150,7 +150,7 @@ void KVParser::parse() {
     std::vector<Bucket> index = indexOf(entries);
 
     // A first file that mostly consists of keys and values is kept as it is. Otherwise these are
-    // copied out: a table parsed again and again holds no more than twice what it can answer.
+    // copied out: however often it is parsed, no more than twice their bytes are held.
     std::size_t size = 0;
     for (const Entry& entry : entries) {
         size += entry.key.size() + entry.value.size();

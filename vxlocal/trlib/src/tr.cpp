@@ -23,7 +23,10 @@ constexpr std::size_t longestResult = formatLimit - 1;
 
 Translator::Translator() = default;
 
-Translator::~Translator() = default;
+Translator::~Translator() {
+    // As in init(), a catalogue that translates while it is destroyed is no longer there.
+    currentParser.reset();
+}
 
 void Translator::init(Parser* parser, const std::string& locale, const std::string& folder,
                       const std::string& filename) {

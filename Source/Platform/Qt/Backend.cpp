@@ -28,6 +28,8 @@
 #include <cstdlib>
 #include <future>
 
+#include <locale.h>
+
 namespace Vexora {
 namespace {
 
@@ -71,6 +73,16 @@ private:
     const QWidget& window_;
     PosixBackgroundQueue queue_;
 };
+
+/// Reads what typefaces there are. Numbers are read in a locale of the thread's own, since the main thread sets the
+/// process's meanwhile.
+void readTypefaces() {
+    const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    uselocale(plain);
+    FcInit();
+    uselocale(LC_GLOBAL_LOCALE);
+    freelocale(plain);
+}
 
 } // namespace
 
@@ -120,7 +132,7 @@ void Backend::endWellAlways() {
 Backend::Backend(int /*argc*/, char** argv) {
     prepareProcess();
     // What typefaces there are is read, where there is a processor for it, while the display is met.
-    const std::future<FcBool> typefaces = std::async(FcInit);
+    const std::future<void> typefaces = std::async(readTypefaces);
     parts_ = std::make_unique<Parts>(argv);
 }
 

@@ -20,7 +20,8 @@ using Fuzzing::require;
 
 namespace {
 
-/// The texts on the lines `"key" = "text"`, with their escapes.
+/// The texts on the lines `"key" = "text"`, with their escapes. In a comment there may also be such
+/// lines that go on like that, or show nothing: these the program does not read.
 std::vector<std::string> textsOf(const std::string& key, std::string_view bytes) {
     const std::string start = "\"" + key + "\" = \"";
     std::vector<std::string> texts;
@@ -30,7 +31,9 @@ std::vector<std::string> textsOf(const std::string& key, std::string_view bytes)
         while (line.ends_with('\r')) {
             line.pop_back();
         }
-        if (line.starts_with(start) && line.size() > start.size() && line.ends_with('"')) {
+        if (line.starts_with(start) && line.ends_with('"') &&
+            line.find("\" = \"", start.size()) == std::string::npos &&
+            line.find_first_not_of("\"\r", start.size()) != std::string::npos) {
             texts.push_back(line.substr(start.size(), line.size() - start.size() - 1));
         }
     }
